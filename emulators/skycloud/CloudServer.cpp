@@ -1,0 +1,59 @@
+#include "CloudServer.h"
+
+#include "AdminEndpoints.h"
+#include "CloudLog.h"
+#include "Envelope.h"
+#include "PushEndpoints.h"
+#include "UserEndpoints.h"
+
+#include <QJsonObject>
+
+#include <exception>
+
+CloudServer::CloudServer(CloudStore& store, bool exposeCodes)
+{
+    m_groups.push_back(std::make_unique<UserEndpoints>(store, exposeCodes));
+    m_groups.push_back(std::make_unique<AdminEndpoints>(store));
+    m_groups.push_back(std::make_unique<PushEndpoints>(store));
+    for (const auto& group : m_groups)
+        group->Register(m_server);
+    InstallHooks();
+}
+
+void CloudServer::InstallHooks()
+{
+    const auto ping = [](const httplib::Request&, httplib::Response& res) { Envelope::Ok(res, QJsonObject{}); };
+    m_server.Get("/ping", ping);
+    m_server.Post("/ping", ping);
+
+    m_server.set_error_handler([](const httplib::Request&, httplib::Response& res) {
+        if (res.body.empty())
+            Envelope::Fail(res, res.status, res.status == 404 ? QStringLiteral("Unknown path")
+                                                             : QStringLiteral("Bad request"));
+    });
+    m_server.set_exception_handler([](const httplib::Request&, httplib::Response& res, std::exception_ptr) {
+        Envelope::Fail(res, 500, QStringLiteral("Internal error"));
+    });
+    // Only the path: query strings may carry a token.
+    m_server.set_logger([](const httplib::Request& req, const httplib::Response& res) {
+        qCInfo(lcSkyCloud).noquote() << QString::fromStdString(req.method) << QString::fromStdString(req.path)
+                                     << res.status;
+    });
+}
+
+int CloudServer::Bind(int port)
+{
+    if (port == 0)
+        return m_server.bind_to_any_port("127.0.0.1");
+    return m_server.bind_to_port("127.0.0.1", port) ? port : -1;
+}
+
+bool CloudServer::Run()
+{
+    return m_server.listen_after_bind();
+}
+
+void CloudServer::Stop()
+{
+    m_server.stop();
+}

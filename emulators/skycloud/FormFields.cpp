@@ -1,0 +1,43 @@
+#include "FormFields.h"
+
+#include "Envelope.h"
+
+namespace {
+
+bool HasUntypedBody(const httplib::Request& req)
+{
+    return !req.body.empty() && !req.has_header("Content-Type");
+}
+
+}  // namespace
+
+FormFields::FormFields(const httplib::Request& req)
+    : m_params(req.params)
+{
+    if (HasUntypedBody(req))
+        httplib::detail::parse_query_text(req.body, m_params);
+}
+
+QString FormFields::Value(const char* name) const
+{
+    return Optional(name).value_or(QString());
+}
+
+std::optional<QString> FormFields::Optional(const char* name) const
+{
+    const auto found = m_params.find(name);
+    if (found == m_params.end())
+        return std::nullopt;
+    return QString::fromStdString(found->second);
+}
+
+bool FormFields::RequireAll(std::initializer_list<const char*> names, httplib::Response& res) const
+{
+    for (const char* name : names) {
+        if (Value(name).isEmpty()) {
+            Envelope::Fail(res, 400, QStringLiteral("Missing field: %1").arg(QLatin1String(name)));
+            return false;
+        }
+    }
+    return true;
+}

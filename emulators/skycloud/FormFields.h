@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+#include <initializer_list>
+#include <optional>
+
+#include <httplib.h>
+
+// The key=value fields of a request: its query and its form body. A body is
+// read as a form even when the client left out the Content-Type header.
+class FormFields
+{
+public:
+    explicit FormFields(const httplib::Request& req);
+
+    QString Value(const char* name) const;
+    std::optional<QString> Optional(const char* name) const;
+    // Writes a 400 naming the first missing or empty field.
+    bool RequireAll(std::initializer_list<const char*> names, httplib::Response& res) const;
+
+private:
+    httplib::Params m_params;
+};

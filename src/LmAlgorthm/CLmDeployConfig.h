@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+// Deployment data: where the cloud service, its web pages and push channel
+// live, which of the test and production services is used, the launch key
+// shared with the sibling applications and the help addresses.
+//
+// Sources, later ones winning:
+//   1. built-in defaults: the bundled emulators on loopback;
+//   2. the INI file named by $SKYCONSOLE_CONFIG, or else
+//      $XDG_CONFIG_HOME/SkyConsole/deployment.ini when it exists;
+//   3. environment variables SKYCONSOLE_<GROUP>_<KEY> in upper case, for
+//      example SKYCONSOLE_CLOUD_PRODUCTION_URL for key "production_url" of
+//      group [cloud].
+// See docs/configuration.md for every key.
+class CLmDeployConfig
+{
+public:
+    // The process-wide configuration, read on first use.
+    static const CLmDeployConfig& Instance();
+    // Reads the sources again (after the environment or file changed).
+    static void Reload();
+
+    explicit CLmDeployConfig(const QString& iniPath);
+
+    QString Value(const QString& group, const QString& key) const;
+    bool BoolValue(const QString& group, const QString& key) const;
+
+    static QString DefaultFilePath();
+    static QString ActiveFilePath();
+
+private:
+    QVariantMap m_mapValues;  // "group/key" -> value
+};

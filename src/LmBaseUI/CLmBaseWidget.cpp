@@ -1,0 +1,26 @@
+#include "CLmBaseWidget.h"
+
+#include "CLmWindowDragger.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+CLmBaseWidget::CLmBaseWidget(QWidget* parent)
+    : QWidget(parent)
+{
+    setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
+}
+
+void CLmBaseWidget::SetDragHandle(QWidget* handle)
+{
+    new CLmWindowDragger(handle);
+}
+
+void CLmBaseWidget::paintEvent(QPaintEvent* event)
+{
+    Q_UNUSED(event)
+    QStyleOption option;
+    option.initFrom(this);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
+}

@@ -1,0 +1,3 @@
+#include "LmBaseUILog.h"
+
+Q_LOGGING_CATEGORY(lcBaseUI, "sky.baseui")

@@ -1,0 +1,126 @@
+#include "CLmCarrowmereMaintainPage.h"
+
+#include "ui_CLmCarrowmereMaintainPage.h"
+
+#include <QFileInfo>
+
+namespace {
+
+// One line for a plane information list as the aircraft sent it.
+QString PlaneInfoText(const QStringList& info, const QString& kind)
+{
+    return info.isEmpty() ? QString() : kind + QStringLiteral(": ") + info.join(QStringLiteral(", "));
+}
+
+}  // namespace
+
+CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
+    : QWidget(parent)
+    , m_pUi(std::make_unique<Ui::CLmCarrowmereMaintainPage>())
+{
+    m_pUi->setupUi(this);
+    m_pUi->m_pBtnPlaneStatus->SetTipMargin(5, 5);
+    m_pUi->m_pBtnPlaneStatus->SetTipSize(QSize(8, 8));
+    m_pUi->m_pLabelPendingRequest->setVisible(false);
+    connect(m_pUi->m_pBtnBackHome, &QPushButton::clicked, this, &CLmCarrowmereMaintainPage::BackToHome);
+    SetUsbDisks({});
+    UpdateAircraftControls();
+}
+
+CLmCarrowmereMaintainPage::~CLmCarrowmereMaintainPage() = default;
+
+void CLmCarrowmereMaintainPage::SetMainWindow(QWidget* pMainWindow)
+{
+    m_pMainWindow = pMainWindow;
+}
+
+void CLmCarrowmereMaintainPage::SetCurrentUas(CLmUasProvide* pUas)
+{
+    if (pUas == m_pUas)
+        return;
+    m_pUas = pUas;
+    UpdateAircraftControls();
+    RefreshCurrentTab();
+}
+
+CLmUasProvide* CLmCarrowmereMaintainPage::CurrentUas() const
+{
+    return m_pUas;
+}
+
+void CLmCarrowmereMaintainPage::UpdateAircraftControls()
+{
+    const bool held = m_pUas != nullptr && m_bDeviceConnectionArmed;
+    m_pUi->m_pBtnPlaneStatus->setEnabled(held);
+    m_pUi->m_pBtnUavSettings->setEnabled(held);
+    m_pUi->m_pLabelUasState->setText(held ? tr("Aircraft connected.") : tr("No aircraft connected."));
+    if (!held) {
+        m_pUi->m_pLabelPlaneInfo->clear();
+        m_pUi->m_pLabelKeyStatus->clear();
+    }
+}
+
+void CLmCarrowmereMaintainPage::RefreshCurrentTab()
+{
+    m_pUi->m_pTabMaintain->currentWidget()->update();
+    Q_EMIT CurrentUasChanged(m_pUas);
+}
+
+void CLmCarrowmereMaintainPage::SetUsbDisks(const QStringList& disks)
+{
+    m_pUi->m_pListUsbDisks->clear();
+    m_pUi->m_pListUsbDisks->addItems(disks);
+    m_pUi->m_pLabelNoUsbDisk->setVisible(disks.isEmpty());
+}
+
+void CLmCarrowmereMaintainPage::SetPendingRequest(bool bPending)
+{
+    m_bPendingRequest = bPending;
+    m_pUi->m_pLabelPendingRequest->setVisible(bPending);
+}
+
+bool CLmCarrowmereMaintainPage::HasPendingRequest() const
+{
+    return m_bPendingRequest;
+}
+
+void CLmCarrowmereMaintainPage::SetParachuteNotice(bool bNotify)
+{
+    m_pUi->m_pBtnPlaneStatus->SetTipVisible(bNotify);
+}
+
+void CLmCarrowmereMaintainPage::ReleaseDeviceConnection()
+{
+    m_bDeviceConnectionArmed = false;
+    UpdateAircraftControls();
+}
+
+void CLmCarrowmereMaintainPage::RestoreDeviceConnection()
+{
+    m_bDeviceConnectionArmed = true;
+    UpdateAircraftControls();
+}
+
+void CLmCarrowmereMaintainPage::slotRecivePlaneInfo(QStringList info)
+{
+    m_pUi->m_pLabelPlaneInfo->setText(PlaneInfoText(info, tr("Fixed-wing")));
+}
+
+void CLmCarrowmereMaintainPage::slotReciveMultirotorPlaneInfo(QStringList info)
+{
+    m_pUi->m_pLabelPlaneInfo->setText(PlaneInfoText(info, tr("Multirotor")));
+}
+
+void CLmCarrowmereMaintainPage::slotKeyStatusString(QString status)
+{
+    m_pUi->m_pLabelKeyStatus->setText(status);
+}
+
+void CLmCarrowmereMaintainPage::slotDownLoadFinished(QString path)
+{
+    m_strFirmwarePackage = path;
+    m_pUi->m_pLabelFirmware->setText(tr("New firmware package: %1").arg(QFileInfo(path).fileName()));
+    // The package matters to the crew only with an aircraft to update.
+    if (m_pUas)
+        Q_EMIT NeedUpgrade(true);
+}

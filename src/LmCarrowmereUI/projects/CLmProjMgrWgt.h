@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class CLmProjMgrWgt;
+}
+
+// The cloud project page: the user's projects, local and in the cloud.
+class CLmProjMgrWgt : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit CLmProjMgrWgt(QWidget* parent = nullptr);
+    ~CLmProjMgrWgt() override;
+
+    // Forgets everything shown for the previous user.
+    void Reset();
+
+Q_SIGNALS:
+    void BackToHome();
+    // Flight data of a mission read from the cloud, for the flight-data uploader.
+    void parseJsonArray(QJsonArray data, QString projectName, QString missionName, unsigned int missionId,
+                        QString filePath);
+
+private:
+    std::unique_ptr<Ui::CLmProjMgrWgt> m_pUi;
+};

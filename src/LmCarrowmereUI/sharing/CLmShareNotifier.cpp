@@ -1,0 +1,7 @@
+#include "CLmShareNotifier.h"
+
+CLmShareNotifier* CLmShareNotifier::Instance()
+{
+    static CLmShareNotifier notifier;
+    return &notifier;
+}

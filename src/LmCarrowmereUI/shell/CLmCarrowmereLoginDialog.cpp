@@ -1,0 +1,120 @@
+#include "CLmCarrowmereLoginDialog.h"
+
+#include "ui_CLmCarrowmereLoginDialog.h"
+
+#include "CLmMessageBox.h"
+#include "CLmNetWorkRequest.h"
+#include "LmCloudPaths.h"
+#include "LmConstants.h"
+
+#include <QJsonDocument>
+#include <QNetworkInterface>
+#include <QSettings>
+
+namespace {
+
+// Clicks on the login button are ignored for this long after each click.
+constexpr int kLoginGuardMs = 1000;
+
+QString MachineHardwareAddress()
+{
+    for (const QNetworkInterface& iface : QNetworkInterface::allInterfaces()) {
+        if (iface.flags().testFlag(QNetworkInterface::IsLoopBack))
+            continue;
+        const QString address = iface.hardwareAddress();
+        if (!address.isEmpty() && address != QLatin1String("00:00:00:00:00:00"))
+            return address;
+    }
+    return QString();
+}
+
+}  // namespace
+
+CLmCarrowmereLoginDialog::CLmCarrowmereLoginDialog(QWidget* parent, bool admin)
+    : CLmBaseDialog(parent)
+    , m_pUi(std::make_unique<Ui::CLmCarrowmereLoginDialog>())
+    , m_bAdmin(admin)
+{
+    m_pUi->setupUi(ContentWidget());
+    SetTitle(tr("Login Tolva Cloud"));
+    m_guardTimer.setSingleShot(true);
+    connect(m_pUi->m_pBtnLogin, &QPushButton::clicked, this, &CLmCarrowmereLoginDialog::slotLogin);
+}
+
+CLmCarrowmereLoginDialog::~CLmCarrowmereLoginDialog() = default;
+
+QString CLmCarrowmereLoginDialog::ResultText() const
+{
+    return m_strResultText;
+}
+
+void CLmCarrowmereLoginDialog::slotLogin()
+{
+    m_pUi->m_pBtnLogin->blockSignals(true);
+    m_guardTimer.disconnect(this);
+    connect(&m_guardTimer, &QTimer::timeout, this, &CLmCarrowmereLoginDialog::slotNetWorkError);
+    m_guardTimer.start(kLoginGuardMs);
+
+    auto* request = new CLmNetWorkRequest;
+    connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmCarrowmereLoginDialog::slotReciveLogIn);
+    connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmCarrowmereLoginDialog::slotFailedAction);
+    connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmCarrowmereLoginDialog::slotNetWorkError);
+
+    const QString account = m_pUi->m_pEditAccount->text();
+    const QString password = m_pUi->m_pEditPassword->text();
+    QString body;
+    if (m_bAdmin) {
+        request->SetUrl(GetServerIP() + LmCloudPath::AdminLogin);
+        body = QStringLiteral("username=") + account + QStringLiteral("&password=") + password;
+    } else {
+        request->SetUrl(GetServerIP() + LmCloudPath::UserLogin);
+        body = QStringLiteral("phone=") + account + QStringLiteral("&password=") + password
+               + QStringLiteral("&device_id=") + MachineHardwareAddress();
+    }
+    request->SetBody(body.toLatin1());
+    request->PostNetWorkReplyMessage();
+}
+
+void CLmCarrowmereLoginDialog::slotReciveLogIn(const QByteArray& reply)
+{
+    const QJsonObject data = QJsonDocument::fromJson(reply).object().value(QStringLiteral("data")).toObject();
+    if (data.isEmpty())
+        return;
+    if (m_bAdmin) {
+        m_strResultText = data.value(QStringLiteral("username")).toString();
+        close();
+        m_pUi->m_pBtnLogin->blockSignals(false);
+        return;
+    }
+    StoreUserSession(data);
+    Q_EMIT LoginAccept();
+    accept();
+    m_pUi->m_pBtnLogin->blockSignals(false);
+}
+
+void CLmCarrowmereLoginDialog::StoreUserSession(const QJsonObject& data)
+{
+    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
+    settings.beginGroup(QLatin1String(UserInfoGroupName));
+    settings.setValue(QLatin1String(UserInfoToken), data.value(QStringLiteral("token")).toString());
+    settings.setValue(QLatin1String(UserInfoNickName), data.value(QLatin1String(UserInfoNickName)).toString());
+    settings.setValue(QLatin1String(UserInfoAccount), m_pUi->m_pEditAccount->text());
+    settings.setValue(QLatin1String(UserInfoUserID), data.value(QStringLiteral("id")).toVariant().toString());
+    settings.setValue(QStringLiteral("User_Type"), data.value(QStringLiteral("type")).toVariant().toString());
+    settings.setValue(QStringLiteral("PWD"), QString());
+    settings.setValue(QStringLiteral("permissions"),
+                      QString::fromLatin1(data.value(QStringLiteral("permission")).toString().toLatin1().toBase64()));
+    settings.endGroup();
+}
+
+void CLmCarrowmereLoginDialog::slotFailedAction(const QString& message)
+{
+    CLmMessageBox box(message, QString(), tr("SkyConsole"), CLmMessageBox::BtnOk, this);
+    box.exec();
+    m_pUi->m_pBtnLogin->blockSignals(false);
+}
+
+void CLmCarrowmereLoginDialog::slotNetWorkError()
+{
+    m_pUi->m_pBtnLogin->blockSignals(false);
+}

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "CLmBaseWidget.h"
+#include "CLmNoFlyZoneUpgrade.h"
+#include "lmcarrowmereui_export.h"
+
+#include <QJsonObject>
+#include <QList>
+#include <QPoint>
+#include <QProcess>
+#include <QThread>
+
+#include <memory>
+
+namespace Ui {
+class CLmCarrowmereWgt;
+}
+class QPushButton;
+class CLmCarrowmereMaintainPage;
+class CLmUserMessagePage;
+class CLmProjMgrWgt;
+class CLmLinkManager;
+class CLmLinkProvide;
+class CLmFlightDataDbOperator;
+class CLmMessageBox;
+class CLmNetWorkGlobal;
+class CLmUsbDeviceLink;
+class CLmUasProvide;
+
+// The hub's one top-level window: title bar, home page with the launcher,
+// the page stack and the worker threads that talk to the aircraft, upload
+// flight data and test the network.
+class LMCARROWMEREUI_EXPORT CLmCarrowmereMainWindow : public CLmBaseWidget
+{
+    Q_OBJECT
+public:
+    explicit CLmCarrowmereMainWindow(QWidget* parent = nullptr);
+    ~CLmCarrowmereMainWindow() override;
+
+    bool IsLogin();
+
+    int ComputeDBFileCount();
+    void ConnectSerialPort();
+    void ConnectUploadData();
+    void TestNetworkConnect();
+
+Q_SIGNALS:
+    void freeSerialPort();
+    void connectSerialPort();
+    void uploadFlightData(bool bStart);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    bool nativeEvent(const QByteArray& eventType, void* message, long* result) override;
+
+private:
+    void CheckShortcut();
+    void SetupConnectInfo();
+    void InitSystemInfo();
+    void ReadExistUsbDevice();
+    void HandUsbDisksToMaintainPage();
+    void ResponseJsonObject(const QJsonObject& obj);
+    void ShowNewMessageIcon();
+    void SetLoginUserInfo();
+    void SetAccountButtonsEnabled(bool bEnabled);
+    void OpenLoginDialog();
+    void ShowNetworkFault();
+    void StartDetached(const QString& program, const QStringList& arguments, const QString& workingFolder);
+    void StartViewer(const QString& relativeProgram);
+    QString ParentOfApplicationDirectory() const;
+
+private Q_SLOTS:
+    void slotBackToHome();
+    void slotExecMaintain();
+    void slotExitApplication();
+    void slotShowSysMsg();
+    void slotShowShareMessage();
+    void slotMarkUpgrade(bool bNeed);
+    void slotUpdateUserInfo();
+    void slotUserLogin();
+    void slotAcceptLogin();
+    void slotAppBtnClicked();
+    void slotCloudBtnClicked();
+    void slotHelpBtnClicked();
+    void slotOpen3DViewer();
+    void slotOpenShortcut();
+    void slotProcessStarted();
+    void slotProcessFinished(int exitCode, QProcess::ExitStatus exitStatus);
+    void slotUasConnected(CLmUasProvide* pUas);
+    void slotUasDisConnected(CLmUasProvide* pUas);
+    void slotNeedNotifyParachute(int count);
+    void slotBytesReceived(CLmLinkProvide* pLink, QByteArray bytes);
+    void slotNetWorkStateRet(bool bOnline);
+
+private:
+    std::unique_ptr<Ui::CLmCarrowmereWgt> m_pUi;
+    QThread m_threadUAV;
+    QThread m_threadUpload;
+    QThread m_threadNetWork;
+    QProcess m_process;
+    CLmNoFlyZoneUpgrade m_noFlyZoneUpgrade;
+    QList<QPushButton*> m_listAppBtns;
+    CLmLinkManager* m_pLinkManager = nullptr;
+    CLmFlightDataDbOperator* m_pFlightDataDbOperator = nullptr;
+    CLmNetWorkGlobal* m_pNetWorkGlobal = nullptr;
+    CLmUsbDeviceLink* m_pUsbDeviceLink = nullptr;
+    CLmCarrowmereMaintainPage* m_pMaintainPage = nullptr;
+    CLmUserMessagePage* m_pUserMessagePage = nullptr;
+    CLmProjMgrWgt* m_pProjMgrWgt = nullptr;
+    bool m_bPressed = false;
+    QPoint m_ptDragOffset;
+    CLmLinkProvide* m_pCurrentLink = nullptr;
+    int m_iLaunchCount = 0;
+    bool m_bFirstNetWorkAnswer = false;
+    CLmMessageBox* m_pFirmwareNoticeBox = nullptr;
+};

@@ -1,0 +1,135 @@
+#include "CLmDataBase.h"
+
+#include <QAtomicInteger>
+#include <QFile>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QThread>
+
+Q_LOGGING_CATEGORY(lcDataBase, "sky.data.database")
+
+namespace {
+
+QString UniqueConnectionName()
+{
+    static QAtomicInteger<quint64> counter;
+    return QStringLiteral("LmData_%1_%2")
+        .arg(reinterpret_cast<quintptr>(QThread::currentThreadId()))
+        .arg(counter.fetchAndAddRelaxed(1));
+}
+
+}  // namespace
+
+CLmDataBase::CLmDataBase(const QString& filePath)
+    : m_strFilePath(filePath)
+{
+}
+
+CLmDataBase::~CLmDataBase()
+{
+    Close();
+}
+
+bool CLmDataBase::Open(bool readOnly)
+{
+    Close();
+    if (readOnly && !QFileInfo::exists(m_strFilePath)) {
+        m_strLastError = QStringLiteral("no such file: ") + m_strFilePath;
+        return false;
+    }
+    m_strConnection = UniqueConnectionName();
+    m_db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_strConnection);
+    m_db.setDatabaseName(m_strFilePath);
+    if (readOnly)
+        m_db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+    if (!m_db.open()) {
+        m_strLastError = m_db.lastError().text();
+        qCWarning(lcDataBase) << "cannot open" << m_strFilePath << m_strLastError;
+        Close();
+        return false;
+    }
+    return true;
+}
+
+void CLmDataBase::Close()
+{
+    if (m_strConnection.isEmpty())
+        return;
+    m_db.close();
+    m_db = QSqlDatabase();
+    QSqlDatabase::removeDatabase(m_strConnection);
+    m_strConnection.clear();
+}
+
+bool CLmDataBase::IsOpen() const
+{
+    return !m_strConnection.isEmpty() && m_db.isOpen();
+}
+
+bool CLmDataBase::Exec(const QString& sql, const QVariantList& values, QSqlQuery* result)
+{
+    if (!IsOpen()) {
+        m_strLastError = QStringLiteral("database not open");
+        return false;
+    }
+    QSqlQuery query(m_db);
+    if (!query.prepare(sql)) {
+        m_strLastError = query.lastError().text();
+        qCWarning(lcDataBase) << "prepare failed:" << m_strLastError;
+        return false;
+    }
+    for (const QVariant& value : values)
+        query.addBindValue(value);
+    if (!query.exec()) {
+        m_strLastError = query.lastError().text();
+        qCWarning(lcDataBase) << "statement failed:" << m_strLastError;
+        return false;
+    }
+    if (result)
+        *result = std::move(query);
+    return true;
+}
+
+QVariant CLmDataBase::SelectValue(const QString& sql, const QVariantList& values)
+{
+    QSqlQuery query(m_db);
+    if (!Exec(sql, values, &query) || !query.next())
+        return {};
+    return query.value(0);
+}
+
+bool CLmDataBase::TableExists(const QString& table) const
+{
+    return IsOpen() && m_db.tables().contains(table, Qt::CaseInsensitive);
+}
+
+QSqlDatabase& CLmDataBase::Database()
+{
+    return m_db;
+}
+
+QString CLmDataBase::FilePath() const
+{
+    return m_strFilePath;
+}
+
+QString CLmDataBase::LastError() const
+{
+    return m_strLastError;
+}
+
+bool CLmDataBase::IsSqliteFile(const QString& filePath)
+{
+    QFile file(filePath);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    static const QByteArray header("SQLite format 3\0", 16);
+    if (file.read(header.size()) != header)
+        return false;
+    file.close();
+    CLmDataBase db(filePath);
+    // quick_check reads every page, so a file cut short is refused.
+    return db.Open(true) && db.SelectValue(QStringLiteral("PRAGMA quick_check")).toString() == QLatin1String("ok");
+}

@@ -1,0 +1,52 @@
+#include "CLmLinkManager.h"
+
+#include "CLmLinkProvide.h"
+#include "LmLinkInstanceLog.h"
+
+CLmLinkManager::CLmLinkManager(QObject* parent)
+    : QObject(parent)
+{
+    qRegisterMetaType<CLmLinkProvide*>("CLmLinkProvide*");
+}
+
+bool CLmLinkManager::AddLink(CLmLinkProvide* pLink)
+{
+    const int linkId = pLink->GetLinkId();
+    if (m_hashLinks.contains(linkId)) {
+        qCWarning(lcLinkInstance) << "link id already in use:" << linkId;
+        return false;
+    }
+    pLink->setParent(this);
+    m_hashLinks.insert(linkId, pLink);
+    connect(pLink, &CLmLinkProvide::bytesReceived, this,
+            [this, pLink](const QByteArray& bytes) { emit bytesReceived(pLink, bytes); });
+    connect(pLink, &CLmLinkProvide::connected, this, [this, pLink]() { emit linkConnected(pLink); });
+    connect(pLink, &CLmLinkProvide::disconnected, this, [this, pLink]() { emit linkDisconnected(pLink); });
+    connect(pLink, &QObject::destroyed, this, [this, linkId]() { m_hashLinks.remove(linkId); });
+    return true;
+}
+
+CLmLinkProvide* CLmLinkManager::GetLink(int linkId) const
+{
+    return m_hashLinks.value(linkId, nullptr);
+}
+
+void CLmLinkManager::ConnectLink(int linkId)
+{
+    if (CLmLinkProvide* pLink = FindLinkOrWarn(linkId))
+        pLink->Connect();
+}
+
+void CLmLinkManager::DisconnectLink(int linkId)
+{
+    if (CLmLinkProvide* pLink = FindLinkOrWarn(linkId))
+        pLink->Disconnect();
+}
+
+CLmLinkProvide* CLmLinkManager::FindLinkOrWarn(int linkId) const
+{
+    CLmLinkProvide* pLink = GetLink(linkId);
+    if (!pLink)
+        qCWarning(lcLinkInstance) << "no link with id" << linkId;
+    return pLink;
+}

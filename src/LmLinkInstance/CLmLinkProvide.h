@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+
+// Handle of one device link. A link only moves bytes; concrete links (serial,
+// UDP, TCP) implement Connect()/Disconnect() and raise the signals below.
+// Links are owned and addressed by id through CLmLinkManager.
+class CLmLinkProvide : public QObject
+{
+    Q_OBJECT
+public:
+    explicit CLmLinkProvide(int linkId, QObject* parent = nullptr);
+
+    int GetLinkId() const;
+
+    virtual void Connect() = 0;
+    virtual void Disconnect() = 0;
+
+signals:
+    void bytesReceived(const QByteArray& bytes);
+    void connected();
+    void disconnected();
+
+private:
+    const int m_nLinkId;
+};

@@ -1,0 +1,3 @@
+#include "LmLinkInstanceLog.h"
+
+Q_LOGGING_CATEGORY(lcLinkInstance, "sky.linkinstance")

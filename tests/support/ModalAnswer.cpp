@@ -1,0 +1,47 @@
+#include "ModalAnswer.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QLabel>
+#include <QTimer>
+#include <QWidget>
+
+namespace ModalAnswer {
+
+QString VisibleTexts(const QWidget* widget)
+{
+    QStringList texts;
+    for (const QLabel* label : widget->findChildren<QLabel*>()) {
+        if (!label->text().isEmpty())
+            texts << label->text();
+    }
+    return texts.join(QLatin1Char('\n'));
+}
+
+namespace {
+
+void PollForModal(const QString& buttonObjectName, QString* seenText, QDeadlineTimer deadline)
+{
+    QWidget* modal = QApplication::activeModalWidget();
+    QAbstractButton* button = modal ? modal->findChild<QAbstractButton*>(buttonObjectName) : nullptr;
+    if (button && button->isVisible()) {
+        if (seenText)
+            *seenText = VisibleTexts(modal);
+        button->click();
+        return;
+    }
+    if (deadline.hasExpired())
+        return;
+    QTimer::singleShot(10, [=] { PollForModal(buttonObjectName, seenText, deadline); });
+}
+
+}  // namespace
+
+void PressWhenShown(const QString& buttonObjectName, QString* seenText, int timeoutMs)
+{
+    const QDeadlineTimer deadline(timeoutMs);
+    QTimer::singleShot(0, [=] { PollForModal(buttonObjectName, seenText, deadline); });
+}
+
+}  // namespace ModalAnswer

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+// Answers the next modal dialog as a user would: once it is the active modal
+// widget, presses the push button with the given object name. Schedule before
+// the code that opens the dialog, because exec() does not return until then.
+namespace ModalAnswer {
+
+// Presses objectName in the next modal widget; records its texts in *seenText
+// (all labels joined by newlines) when seenText is given.
+void PressWhenShown(const QString& buttonObjectName, QString* seenText = nullptr, int timeoutMs = 5000);
+
+// The texts of every QLabel in the widget, joined by newlines.
+QString VisibleTexts(const QWidget* widget);
+
+}  // namespace ModalAnswer
