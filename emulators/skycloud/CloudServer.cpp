@@ -3,21 +3,31 @@
 #include "AdminEndpoints.h"
 #include "CloudLog.h"
 #include "Envelope.h"
+#include "PageEndpoints.h"
 #include "PushEndpoints.h"
+#include "UpdateEndpoints.h"
 #include "UserEndpoints.h"
 
 #include <QJsonObject>
 
 #include <exception>
 
-CloudServer::CloudServer(CloudStore& store, bool exposeCodes)
+CloudServer::CloudServer(CloudStore& store, PushChannel& channel, const ReleaseShelf& shelf, bool exposeCodes)
 {
     m_groups.push_back(std::make_unique<UserEndpoints>(store, exposeCodes));
     m_groups.push_back(std::make_unique<AdminEndpoints>(store));
-    m_groups.push_back(std::make_unique<PushEndpoints>(store));
+    m_groups.push_back(std::make_unique<PushEndpoints>(store, channel));
+    m_groups.push_back(std::make_unique<UpdateEndpoints>(shelf));
+    m_groups.push_back(std::make_unique<PageEndpoints>());
     for (const auto& group : m_groups)
         group->Register(m_server);
     InstallHooks();
+}
+
+void CloudServer::AddGroup(std::unique_ptr<EndpointGroup> group)
+{
+    group->Register(m_server);
+    m_groups.push_back(std::move(group));
 }
 
 void CloudServer::InstallHooks()

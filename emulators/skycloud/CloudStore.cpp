@@ -194,11 +194,13 @@ qint64 CloudStore::InsertAccount(const QString& phone, const QString& password, 
     return insert.Run() ? sqlite3_last_insert_rowid(m_db) : 0;
 }
 
-void CloudStore::InsertMessage(qint64 accountId, const QString& action, const QString& message, const QJsonObject& data)
+qint64 CloudStore::InsertMessage(qint64 accountId, const QString& action, const QString& message,
+                                 const QJsonObject& data)
 {
     Statement insert(m_db, "INSERT INTO messages (account_id, action, message, data, created_at) VALUES (?, ?, ?, ?, ?)");
     insert.Bind(1, accountId).Bind(2, action).Bind(3, message);
-    insert.Bind(4, QJsonDocument(data).toJson(QJsonDocument::Compact)).Bind(5, Now()).Run();
+    insert.Bind(4, QJsonDocument(data).toJson(QJsonDocument::Compact)).Bind(5, Now());
+    return insert.Run() ? sqlite3_last_insert_rowid(m_db) : 0;
 }
 
 std::optional<Account> CloudStore::FindAccount(const char* sqlWhere, const QString& key)
@@ -225,6 +227,18 @@ std::optional<Account> CloudStore::AccountByToken(const QByteArray& token)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     return FindAccount("JOIN sessions s ON s.account_id = a.id WHERE s.token = ?", QString::fromLatin1(token));
+}
+
+std::optional<Account> CloudStore::AccountById(qint64 accountId)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return FindAccount("WHERE a.id = ?", QString::number(accountId));
+}
+
+std::optional<Account> CloudStore::AccountByPhone(const QString& phone)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return FindAccount("WHERE a.phone = ?", phone);
 }
 
 bool CloudStore::IsPhoneRegistered(const QString& phone)
@@ -282,6 +296,14 @@ bool CloudStore::AdminCredentialsMatch(const QString& username, const QString& p
     Statement select(m_db, "SELECT password_salt, password_hash FROM admins WHERE username = ?");
     select.Bind(1, username);
     return select.Step() && SecretHasher::Matches(password, select.Bytes(0), select.Bytes(1));
+}
+
+bool CloudStore::IsAdminToken(const QByteArray& token)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    Statement select(m_db, "SELECT 1 FROM admin_sessions WHERE token = ?");
+    select.Bind(1, token);
+    return select.Step();
 }
 
 QByteArray CloudStore::OpenSession(qint64 accountId, const QString& deviceId)
@@ -342,4 +364,10 @@ QJsonArray CloudStore::Messages(qint64 accountId)
                                     {"created_at", select.Text(4)}});
     }
     return messages;
+}
+
+qint64 CloudStore::AddMessage(qint64 accountId, const QString& action, const QString& message, const QJsonObject& data)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return InsertMessage(accountId, action, message, data);
 }

@@ -38,6 +38,8 @@ public:
 
     std::optional<Account> AccountByCredentials(const QString& phone, const QString& password);
     std::optional<Account> AccountByToken(const QByteArray& token);
+    std::optional<Account> AccountById(qint64 accountId);
+    std::optional<Account> AccountByPhone(const QString& phone);
     bool IsPhoneRegistered(const QString& phone);
     // Empty when the phone number is taken.
     std::optional<Account> CreateAccount(const QString& phone, const QString& password, const QString& nickName);
@@ -48,6 +50,7 @@ public:
     bool ResetPassword(const QString& phone, const QString& password);
 
     bool AdminCredentialsMatch(const QString& username, const QString& password);
+    bool IsAdminToken(const QByteArray& token);
 
     QByteArray OpenSession(qint64 accountId, const QString& deviceId);
     QByteArray OpenAdminSession(const QString& username);
@@ -60,6 +63,8 @@ public:
 
     // Newest first.
     QJsonArray Messages(qint64 accountId);
+    // Stores a message for the account; returns its id.
+    qint64 AddMessage(qint64 accountId, const QString& action, const QString& message, const QJsonObject& data);
 
 private:
     bool Exec(const char* sql, QString* error = nullptr);
@@ -68,7 +73,7 @@ private:
     void SeedDemoData();
     qint64 InsertAccount(const QString& phone, const QString& password, const QString& nickName,
                          const QString& type, const QString& permission);
-    void InsertMessage(qint64 accountId, const QString& action, const QString& message, const QJsonObject& data);
+    qint64 InsertMessage(qint64 accountId, const QString& action, const QString& message, const QJsonObject& data);
     std::optional<Account> FindAccount(const char* sqlWhere, const QString& key);
 
     QString m_dataDir;

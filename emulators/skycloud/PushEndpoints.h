@@ -1,21 +1,32 @@
 #pragma once
 
+#include "Account.h"
 #include "EndpointGroup.h"
 #include "TokenGuard.h"
 
-class CloudStore;
+#include <optional>
 
-// "/push/...": the user's message centre.
+class CloudStore;
+class PushChannel;
+
+// "/push/...": the user's message centre, and sending a notification to a
+// user (an administrator's call), which is stored for the message list and
+// pushed at once over the push channel.
 class PushEndpoints : public EndpointGroup
 {
 public:
-    explicit PushEndpoints(CloudStore& store);
+    PushEndpoints(CloudStore& store, PushChannel& channel);
 
     void Register(httplib::Server& server) override;
 
 private:
     void MessageList(const httplib::Request& req, httplib::Response& res);
+    void Send(const httplib::Request& req, httplib::Response& res);
+
+    bool RequireAdmin(const httplib::Request& req, httplib::Response& res) const;
+    std::optional<Account> Recipient(const httplib::Request& req, httplib::Response& res) const;
 
     CloudStore& m_store;
+    PushChannel& m_channel;
     TokenGuard m_guard;
 };

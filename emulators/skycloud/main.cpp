@@ -1,6 +1,10 @@
 #include "CloudLog.h"
 #include "CloudServer.h"
 #include "CloudStore.h"
+#include "ProjectEndpoints.h"
+#include "ProjectStore.h"
+#include "PushChannel.h"
+#include "ReleaseShelf.h"
 #include "SignalWatcher.h"
 
 #include <QCommandLineParser>
@@ -9,15 +13,25 @@
 #include <QStandardPaths>
 
 #include <cstdio>
+#include <memory>
 
 namespace {
 
 constexpr int kDefaultPort = 18080;
+constexpr int kDefaultPushPort = 18081;
 
 QString DefaultDataDir()
 {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
         .filePath(QStringLiteral("skycloud"));
+}
+
+// A port option's value, or -1 when it is not a port number.
+int PortValue(const QString& text)
+{
+    bool isNumber = false;
+    const uint port = text.toUInt(&isNumber);
+    return isNumber && port <= 65535 ? static_cast<int>(port) : -1;
 }
 
 int Fail(const QString& message)
@@ -47,25 +61,49 @@ int main(int argc, char* argv[])
     const QCommandLineOption exposeCodesOption(
         QStringLiteral("expose-codes"),
         QStringLiteral("Also return verification codes in data.validate_hint (for tests)."));
-    parser.addOptions({portOption, dataOption, exposeCodesOption});
+    const QCommandLineOption pushPortOption(
+        QStringLiteral("push-port"),
+        QStringLiteral("TCP port of the push channel on 127.0.0.1; 0 picks a free one (default %1, or a free one "
+                       "when --port is 0).")
+            .arg(kDefaultPushPort),
+        QStringLiteral("N"));
+    parser.addOptions({portOption, pushPortOption, dataOption, exposeCodesOption});
     parser.process(app);
 
-    bool portIsNumber = false;
-    const uint port = parser.value(portOption).toUInt(&portIsNumber);
-    if (!portIsNumber || port > 65535)
+    const int port = PortValue(parser.value(portOption));
+    if (port < 0)
         return Fail(QStringLiteral("invalid port %1").arg(parser.value(portOption)));
+    const QString pushPortText =
+        parser.isSet(pushPortOption) ? parser.value(pushPortOption) : QString::number(port == 0 ? 0 : kDefaultPushPort);
+    const int pushPort = PortValue(pushPortText);
+    if (pushPort < 0)
+        return Fail(QStringLiteral("invalid push port %1").arg(pushPortText));
 
     CloudStore store(parser.value(dataOption));
     QString error;
     if (!store.Open(&error))
         return Fail(error);
 
-    CloudServer server(store, parser.isSet(exposeCodesOption));
-    const int boundPort = server.Bind(static_cast<int>(port));
+    ReleaseShelf shelf(parser.value(dataOption), QStringLiteral(SKYCONSOLE_VERSION));
+    if (!shelf.Open(&error))
+        return Fail(error);
+
+    ProjectStore projects(parser.value(dataOption));
+    if (!projects.Open(&error))
+        return Fail(error);
+
+    PushChannel channel(store);
+    CloudServer server(store, channel, shelf, parser.isSet(exposeCodesOption));
+    server.AddGroup(std::make_unique<ProjectEndpoints>(store, projects));
+    const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));
+    const int boundPushPort = channel.Start(pushPort);
+    if (boundPushPort < 0)
+        return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1 for the push channel").arg(pushPort));
 
     std::printf("skycloud listening on http://127.0.0.1:%d\n", boundPort);
+    std::printf("skycloud push on 127.0.0.1:%d\n", boundPushPort);
     std::fflush(stdout);
     qCInfo(lcSkyCloud).noquote() << "data folder" << parser.value(dataOption);
 

@@ -31,6 +31,7 @@ const SDefault kDefaults[] = {
     {"launcher/launch_key", "{6f1c2b7e-4d3a-4b8e-9c51-2a7d0e8f4b13}"},
     {"launcher/application_dir", ""},
     {"help/manual_url", ""},
+    {"update/launcher_version", ""},
 };
 
 QString EnvironmentName(const QString& groupKey)

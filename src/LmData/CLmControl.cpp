@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 CLmControl* CLmControl::GetInstance()
@@ -25,6 +26,19 @@ QString CLmControl::GetApplicationDirectory() const
     const QString configured =
         CLmDeployConfig::Instance().Value(QStringLiteral("launcher"), QStringLiteral("application_dir"));
     return configured.isEmpty() ? QCoreApplication::applicationDirPath() : QDir::cleanPath(configured);
+}
+
+QString CLmControl::GetProjectDirPath() const
+{
+    const QString path = GetAppDataDirectory() + QStringLiteral("/Projects");
+    QDir().mkpath(path);
+    return path;
+}
+
+QString CLmControl::GetFlightMissionFilePath(const QString& projectFilePath) const
+{
+    const QFileInfo project(projectFilePath);
+    return project.absolutePath() + QLatin1Char('/') + project.completeBaseName() + QStringLiteral(".db");
 }
 
 void CLmControl::SetRouteFolder(const QString& folder)

@@ -18,6 +18,12 @@ public:
     // The folder that holds the sibling applications: the configured
     // launcher/application_dir, else the folder of this executable.
     QString GetApplicationDirectory() const;
+    // Root of the local project store, one folder per project:
+    // <app data>/Projects (created on first use), without trailing slash.
+    QString GetProjectDirPath() const;
+    // The mission database that belongs to a project file: the file next to
+    // it with the same base name and the suffix ".db".
+    QString GetFlightMissionFilePath(const QString& projectFilePath) const;
 
     void SetRouteFolder(const QString& folder);
     QString GetRouteFolder() const;

@@ -1,7 +1,18 @@
 #include "CLmLinkManager.h"
 
 #include "CLmLinkProvide.h"
+#include "CLmTcpClientLink.h"
+#include "LmConstants.h"
 #include "LmLinkInstanceLog.h"
+
+namespace {
+
+// Client links take ids from here on, clear of the device links' small ids.
+constexpr int kFirstClientLinkId = 100;
+// Ends every notification on the push channel.
+const QByteArray kPushFrameMarker = QByteArrayLiteral("SWOOLE_SOCKET_FINISH");
+
+}  // namespace
 
 CLmLinkManager::CLmLinkManager(QObject* parent)
     : QObject(parent)
@@ -29,6 +40,29 @@ bool CLmLinkManager::AddLink(CLmLinkProvide* pLink)
 CLmLinkProvide* CLmLinkManager::GetLink(int linkId) const
 {
     return m_hashLinks.value(linkId, nullptr);
+}
+
+CLmLinkProvide* CLmLinkManager::AddTcpClientLink(QObject* owner, LINK_TYPE type)
+{
+    if (type != LINK_TYPE_TCP_CLIENT) {
+        qCWarning(lcLinkInstance) << "not a client link type:" << type;
+        return nullptr;
+    }
+    auto* pLink = new CLmTcpClientLink(FreeLinkId(kFirstClientLinkId), GetPushChannelAddress());
+    pLink->SetFrameDelimiter(kPushFrameMarker);
+    AddLink(pLink);
+    if (owner)
+        pLink->setParent(owner);
+    pLink->Connect();
+    return pLink;
+}
+
+int CLmLinkManager::FreeLinkId(int firstCandidate) const
+{
+    int linkId = firstCandidate;
+    while (m_hashLinks.contains(linkId))
+        ++linkId;
+    return linkId;
 }
 
 void CLmLinkManager::ConnectLink(int linkId)

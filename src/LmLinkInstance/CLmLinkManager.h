@@ -4,6 +4,8 @@
 #include <QHash>
 #include <QObject>
 
+#include "LINK_TYPE.h"
+
 class CLmLinkProvide;
 
 // Owns the device links by id and reports their traffic and state with the
@@ -18,6 +20,14 @@ public:
     bool AddLink(CLmLinkProvide* pLink);
     CLmLinkProvide* GetLink(int linkId) const;
 
+    // Adds and connects the client link to the cloud's push channel
+    // (GetPushChannelAddress()), which subscribes with the signed-in user's
+    // token, delivers whole notification frames through bytesReceived and
+    // reconnects by itself after a loss. owner becomes its parent (the
+    // manager when null). Only LINK_TYPE_TCP_CLIENT is a client link; other
+    // types give null.
+    CLmLinkProvide* AddTcpClientLink(QObject* owner, LINK_TYPE type);
+
     void ConnectLink(int linkId);
     void DisconnectLink(int linkId);
 
@@ -28,6 +38,7 @@ signals:
 
 private:
     CLmLinkProvide* FindLinkOrWarn(int linkId) const;
+    int FreeLinkId(int firstCandidate) const;
 
     QHash<int, CLmLinkProvide*> m_hashLinks;
 };

@@ -330,7 +330,7 @@ void TestLmMavlinkCodec::reusedMessageIsZeroExtended()
     std::memset(&full.voltages, 0xFF, sizeof full.voltages);
     full.fault_bitmask = 0xFFFFFFFF;
     SBatteryStatus sparse;
-    sparse.id = 2;
+    sparse.current_consumed = 5; // first wire field: one payload byte
 
     CLmMavlinkParser parser;
     parser.feed(encoder.encode(full) + encoder.encode(sparse));

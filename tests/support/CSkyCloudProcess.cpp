@@ -46,6 +46,8 @@ bool CSkyCloudProcess::Start(int timeoutMs)
     }
     Stop();
     QStringList args{QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--data"), m_dataDir.path()};
+    if (!m_extraArgs.contains(QLatin1String("--push-port")))
+        args += {QStringLiteral("--push-port"), QString::number(m_requestedPushPort)};
     args += m_extraArgs;
     m_process.start(ProgramPath(), args, QIODevice::ReadOnly);
     if (!m_process.waitForStarted(timeoutMs)) {
@@ -53,31 +55,45 @@ bool CSkyCloudProcess::Start(int timeoutMs)
                  qPrintable(m_process.errorString()));
         return false;
     }
-    if (ReadListeningLine(timeoutMs))
+    if (ReadPortLines(timeoutMs))
         return true;
     Stop();
     return false;
 }
 
-bool CSkyCloudProcess::ReadListeningLine(int timeoutMs)
+void CSkyCloudProcess::SetPushPort(quint16 port)
 {
-    const QDeadlineTimer deadline(timeoutMs);
+    m_requestedPushPort = port;
+}
+
+QString CSkyCloudProcess::ReadLine(const QDeadlineTimer& deadline)
+{
     while (!m_process.canReadLine()) {
         if (m_process.state() != QProcess::Running || deadline.hasExpired()
             || !m_process.waitForReadyRead(static_cast<int>(deadline.remainingTime()))) {
-            qWarning("CSkyCloudProcess: skycloud did not report its port");
-            return false;
+            qWarning("CSkyCloudProcess: skycloud did not report its ports");
+            return QString();
         }
     }
+    return QString::fromUtf8(m_process.readLine()).trimmed();
+}
+
+bool CSkyCloudProcess::ReadPortLines(int timeoutMs)
+{
     static const QRegularExpression listening(QStringLiteral("^skycloud listening on http://127\\.0\\.0\\.1:(\\d+)$"));
-    const QString line = QString::fromUtf8(m_process.readLine()).trimmed();
-    const QRegularExpressionMatch match = listening.match(line);
-    if (!match.hasMatch()) {
-        qWarning("CSkyCloudProcess: unexpected first line: %s", qPrintable(line));
+    static const QRegularExpression push(QStringLiteral("^skycloud push on 127\\.0\\.0\\.1:(\\d+)$"));
+    const QDeadlineTimer deadline(timeoutMs);
+    const QString first = ReadLine(deadline);
+    const QString second = ReadLine(deadline);
+    const QRegularExpressionMatch listeningMatch = listening.match(first);
+    const QRegularExpressionMatch pushMatch = push.match(second);
+    if (!listeningMatch.hasMatch() || !pushMatch.hasMatch()) {
+        qWarning("CSkyCloudProcess: unexpected port lines: %s / %s", qPrintable(first), qPrintable(second));
         return false;
     }
-    m_port = static_cast<quint16>(match.captured(1).toUInt());
-    return m_port != 0;
+    m_port = static_cast<quint16>(listeningMatch.captured(1).toUInt());
+    m_pushPort = static_cast<quint16>(pushMatch.captured(1).toUInt());
+    return m_port != 0 && m_pushPort != 0;
 }
 
 QByteArray CSkyCloudProcess::BaseUrl() const
@@ -90,6 +106,11 @@ quint16 CSkyCloudProcess::Port() const
     return m_port;
 }
 
+quint16 CSkyCloudProcess::PushPort() const
+{
+    return m_pushPort;
+}
+
 QString CSkyCloudProcess::DataDir() const
 {
     return m_dataDir.path();
@@ -98,6 +119,7 @@ QString CSkyCloudProcess::DataDir() const
 void CSkyCloudProcess::Stop()
 {
     m_port = 0;
+    m_pushPort = 0;
     if (m_process.state() == QProcess::NotRunning)
         return;
     m_process.terminate();
@@ -110,11 +132,18 @@ void CSkyCloudProcess::Stop()
 QJsonObject CSkyCloudProcess::Call(const QByteArray& path, const QByteArray& formBody, const QByteArray& token,
                                    int* httpStatus)
 {
+    return CallWithHeader(path, formBody, "token", token, httpStatus);
+}
+
+QJsonObject CSkyCloudProcess::CallWithHeader(const QByteArray& path, const QByteArray& formBody,
+                                             const QByteArray& headerName, const QByteArray& headerValue,
+                                             int* httpStatus)
+{
     QNetworkAccessManager manager;
     manager.setProxy(QNetworkProxy::NoProxy);
     QNetworkRequest request(QUrl(QString::fromLatin1(BaseUrl() + path)));
-    if (!token.isEmpty())
-        request.setRawHeader("token", token);
+    if (!headerValue.isEmpty())
+        request.setRawHeader(headerName, headerValue);
     QNetworkReply* reply = nullptr;
     if (formBody.isEmpty()) {
         reply = manager.get(request);

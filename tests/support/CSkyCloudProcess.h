@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 #include <QJsonObject>
 #include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
 
-// Runs the skycloud emulator for one test: on a free loopback port, with a
-// data folder of its own that lives as long as this object. The binary is
+// Runs the skycloud emulator for one test: on free loopback ports (HTTP and
+// push channel), with a data folder of its own that lives as long as this object. The binary is
 // $SKYCONSOLE_BIN_DIR/skycloud when that variable is set, else the one built
 // with the tree. Its stderr goes to the test's stderr.
 class CSkyCloudProcess
@@ -18,12 +19,17 @@ public:
     CSkyCloudProcess(const CSkyCloudProcess&) = delete;
     CSkyCloudProcess& operator=(const CSkyCloudProcess&) = delete;
 
-    // Starts the emulator and waits for its "listening" line. Can be called
+    // Starts the emulator and waits for its two port lines. Can be called
     // again after Stop(); the data folder stays the same.
     bool Start(int timeoutMs = 10000);
+    // The push channel port for the following starts; 0 (the default) picks
+    // a free one. Restarting on the previous PushPort() lets a test drop and
+    // bring back the push channel its client is connected to.
+    void SetPushPort(quint16 port);
     // "http://127.0.0.1:PORT", no trailing slash.
     QByteArray BaseUrl() const;
     quint16 Port() const;
+    quint16 PushPort() const;
     QString DataDir() const;
     void Stop();
 
@@ -32,14 +38,21 @@ public:
     // the reply's JSON object (empty when it does not parse).
     QJsonObject Call(const QByteArray& path, const QByteArray& formBody = {}, const QByteArray& token = {},
                      int* httpStatus = nullptr);
+    // As Call(), with the value sent in the named header (for example
+    // "admin-token" for "/push/send").
+    QJsonObject CallWithHeader(const QByteArray& path, const QByteArray& formBody, const QByteArray& headerName,
+                               const QByteArray& headerValue, int* httpStatus = nullptr);
 
     static QString ProgramPath();
 
 private:
-    bool ReadListeningLine(int timeoutMs);
+    bool ReadPortLines(int timeoutMs);
+    QString ReadLine(const QDeadlineTimer& deadline);
 
     QStringList m_extraArgs;
     QTemporaryDir m_dataDir;
     QProcess m_process;
     quint16 m_port = 0;
+    quint16 m_pushPort = 0;
+    quint16 m_requestedPushPort = 0;
 };

@@ -5,6 +5,7 @@
 #include "CLmCarrowmereMaintainPage.h"
 #include "CLmCarrowmereLoginDialog.h"
 #include "CLmControl.h"
+#include "CLmHardwareCheck.h"
 #include "CLmDeviceChangeFilter.h"
 #include "CLmFlightDataDbOperator.h"
 #include "CLmLinkManager.h"
@@ -13,7 +14,6 @@
 #include "CLmNetWorkGlobal.h"
 #include "CLmProjMgrWgt.h"
 #include "CLmShareNotifier.h"
-#include "CLmSystemInfo.h"
 #include "CLmUAVConnectObj.h"
 #include "CLmUasProvide.h"
 #include "CLmUsbDeviceLink.h"
@@ -44,10 +44,6 @@ const char kIconNotFound[] = ":/images/Normal/Home/HomeFile_share_no_ic.png";
 
 // A parachute count above this asks the crew to check the parachute.
 constexpr int kParachuteNoticeThreshold = 80;
-
-// Below this much memory (MB) the memory cell is painted red; at or below
-// it the hardware warning shows. Exactly 8000 MB warns without the red cell.
-constexpr int kMemoryThresholdMb = 8000;
 
 // Push notifications are acted on only with these statuses.
 bool IsActionableStatus(int status)
@@ -177,51 +173,10 @@ void CLmCarrowmereMainWindow::InitSystemInfo()
 {
     m_pUi->m_pLabelTestVersion->setVisible(IsTestServer());
 
-    QTreeWidget* tree = m_pUi->m_pSysInfoTree;
     const int widths[] = {150, 250, 110, 300};
     for (int column = 0; column < 4; ++column)
-        tree->setColumnWidth(column, widths[column]);
-
-    CLmSystemInfo systemInfo;
-    const QString osText = systemInfo.GetOSVersion();
-    QString cpuName, cpuVendor, cpuArch;
-    int cpuCores = 0;
-    systemInfo.GetCpuInfo(cpuName, cpuVendor, cpuCores, cpuArch);
-    QString memoryMb, memoryAvailMb;
-    systemInfo.GetMemoryInfo(memoryMb, memoryAvailMb);
-    const int memory = memoryMb.toInt(nullptr, 10);
-    unsigned long diskCount = 0;
-    QStringList disks;
-    systemInfo.GetDiskInfo(diskCount, disks);
-    unsigned long adapterCount = 0;
-    QStringList adapters;
-    QString adapterDetail;
-    systemInfo.GetDisplayCardInfo(adapterCount, adapters, adapterDetail);
-
-    tree->clear();
-    auto* rowSystem = new QTreeWidgetItem(tree, {tr("Operating System:"), osText, tr("Processor:"), cpuName});
-    auto* rowMemory = new QTreeWidgetItem(
-        tree, {tr("Memory:"), memoryMb + QStringLiteral(" MB"), tr("Main hard disk:"),
-               disks.isEmpty() ? tr("Unknown hard disk") : disks.first()});
-    if (memory < kMemoryThresholdMb)
-        rowMemory->setForeground(0, Qt::red);
-
-    const QString firstAdapter = adapters.isEmpty() ? QString() : adapters.first();
-    auto* rowVideo = new QTreeWidgetItem(tree, {tr("Video adapter:")});
-    if (firstAdapter.toLower().contains(QLatin1String("nvidia"))) {
-        rowVideo->setText(1, firstAdapter + QLatin1Char(' ') + adapterDetail);
-        if (adapterDetail.isEmpty())
-            rowVideo->setForeground(1, Qt::red);
-    } else {
-        rowVideo->setText(1, firstAdapter.isEmpty() ? tr("Unknown graphics card") : firstAdapter);
-    }
-    Q_UNUSED(rowSystem)
-
-    const bool unsuitable = memory <= kMemoryThresholdMb || adapterDetail.isEmpty();
-    if (unsuitable)
-        m_pUi->m_pLabelHardwareWarning->setText(
-            tr("Hardware configuration environment is not suitable for data processing."));
-    m_pUi->m_pLabelHardwareWarning->setVisible(unsuitable);
+        m_pUi->m_pSysInfoTree->setColumnWidth(column, widths[column]);
+    CLmHardwareCheck::Show(CLmHardwareCheck::ReadSystem(), m_pUi->m_pSysInfoTree, m_pUi->m_pLabelHardwareWarning);
 }
 
 void CLmCarrowmereMainWindow::ReadExistUsbDevice()
@@ -461,6 +416,7 @@ void CLmCarrowmereMainWindow::TestNetworkConnect()
 
 void CLmCarrowmereMainWindow::slotNetWorkStateRet(bool bOnline)
 {
+    qCDebug(lcMainWnd) << "cloud" << (bOnline ? "online" : "offline") << "first answer:" << !m_bFirstNetWorkAnswer;
     CLmControl::GetInstance()->SetNetWorkState(bOnline);
     QString style = m_pUi->m_pBtnNetWorkState->styleSheet();
     if (bOnline)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "EndpointGroup.h"
+#include "TokenGuard.h"
+
+class CloudStore;
+class ProjectStore;
+
+// "/project/...": the account's project files: list, upload and download.
+class ProjectEndpoints : public EndpointGroup
+{
+public:
+    ProjectEndpoints(CloudStore& store, ProjectStore& projects);
+
+    void Register(httplib::Server& server) override;
+
+private:
+    void List(const httplib::Request& req, httplib::Response& res);
+    void Upload(const httplib::Request& req, httplib::Response& res);
+    void DownloadFile(const httplib::Request& req, httplib::Response& res);
+
+    ProjectStore& m_projects;
+    TokenGuard m_guard;
+};

@@ -1,0 +1,226 @@
+#include "ProjectStore.h"
+
+#include "CLmDataBase.h"
+#include "CLmProjectGenerator.h"
+#include "LmProjectConstants.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+
+namespace {
+
+QString NowText()
+{
+    return QDateTime::currentDateTimeUtc().toString(QLatin1String(DateTimeSFormat));
+}
+
+bool IsTimeText(const QString& text)
+{
+    return QDateTime::fromString(text, QLatin1String(DateTimeSFormat)).isValid();
+}
+
+}  // namespace
+
+ProjectStore::ProjectStore(const QString& dataDir)
+    : m_dataDir(dataDir)
+{
+}
+
+bool ProjectStore::Open(QString* error)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    QDir().mkpath(m_dataDir + QStringLiteral("/projects"));
+    CLmDataBase index(IndexPath());
+    if (!index.Open()
+        || !index.Exec(QStringLiteral("CREATE TABLE IF NOT EXISTS projects ("
+                                      " id TEXT PRIMARY KEY, account_id INTEGER NOT NULL, project_name TEXT NOT NULL,"
+                                      " updated_at TEXT NOT NULL, version INTEGER NOT NULL,"
+                                      " flight_mission_count INTEGER NOT NULL, file_name TEXT NOT NULL)"))) {
+        *error = QStringLiteral("cannot open the project index: ") + index.LastError();
+        return false;
+    }
+    const bool empty = index.SelectValue(QStringLiteral("SELECT count(*) FROM projects")).toInt() == 0;
+    index.Close();
+    if (empty)
+        SeedDemoProjects();
+    return true;
+}
+
+QJsonArray ProjectStore::List(qint64 accountId)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    CLmDataBase index(IndexPath());
+    QSqlQuery rows(index.Database());
+    QJsonArray list;
+    if (!index.Open(true)
+        || !index.Exec(QStringLiteral("SELECT id, project_name, updated_at, version, flight_mission_count"
+                                      " FROM projects WHERE account_id = ? ORDER BY updated_at DESC"),
+                       {accountId}, &rows))
+        return list;
+    while (rows.next()) {
+        list.append(QJsonObject{{"id", rows.value(0).toString()},
+                                {"project_name", rows.value(1).toString()},
+                                {"updated_at", rows.value(2).toString()},
+                                {"version", rows.value(3).toLongLong()},
+                                {"flight_mission_count", rows.value(4).toInt()}});
+    }
+    return list;
+}
+
+ProjectStore::UploadResult ProjectStore::Upload(qint64 accountId, const QByteArray& fileBytes)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    QDir().mkpath(AccountFolder(accountId));
+    QTemporaryFile temp(AccountFolder(accountId) + QStringLiteral("/.upload-XXXXXX"));
+    if (!temp.open() || temp.write(fileBytes) != fileBytes.size() || !temp.flush())
+        return {QStringLiteral("Cannot store the project"), 500, {}};
+    temp.close();
+    if (!CLmDataBase::IsSqliteFile(temp.fileName()))
+        return {QStringLiteral("Invalid project file"), 400, {}};
+    UploadResult result = StoreLocked(accountId, temp.fileName());
+    if (result.error.isEmpty())
+        temp.setAutoRemove(false);
+    return result;
+}
+
+ProjectStore::UploadResult ProjectStore::StoreLocked(qint64 accountId, const QString& tempPath)
+{
+    const std::optional<ProjectRow> row = ReadProjectRow(tempPath);
+    if (!row || row->id.isEmpty())
+        return {QStringLiteral("Invalid project file"), 400, {}};
+    CLmDataBase index(IndexPath());
+    if (!index.Open())
+        return {QStringLiteral("Cannot store the project"), 500, {}};
+    QSqlQuery existing(index.Database());
+    index.Exec(QStringLiteral("SELECT account_id, version FROM projects WHERE id = ?"), {row->id}, &existing);
+    qint64 version = 1;
+    if (existing.next()) {
+        if (existing.value(0).toLongLong() != accountId)
+            return {QStringLiteral("Project belongs to another account"), 403, {}};
+        version = existing.value(1).toLongLong() + 1;
+    }
+    existing.finish();
+    const QString updatedAt = IsTimeText(row->updatedAt) ? row->updatedAt : NowText();
+    const QString fileName = StoredFileName(row->id);
+    const QString target = AccountFolder(accountId) + QLatin1Char('/') + fileName;
+    if (!StampFile(tempPath, row->id, version, updatedAt) || (QFile::exists(target) && !QFile::remove(target))
+        || !QFile::rename(tempPath, target))
+        return {QStringLiteral("Cannot store the project"), 500, {}};
+    index.Exec(QStringLiteral("INSERT OR REPLACE INTO projects (id, account_id, project_name, updated_at, version,"
+                              " flight_mission_count, file_name) VALUES (?, ?, ?, ?, ?, ?, ?)"),
+               {row->id, accountId, row->name, updatedAt, version, CountTasks(target), fileName});
+    return {QString(), 200, QJsonObject{{"id", row->id}, {"version", version}, {"updated_at", updatedAt}}};
+}
+
+ProjectStore::Access ProjectStore::CanRead(qint64 accountId, const QString& projectId)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    CLmDataBase index(IndexPath());
+    if (!index.Open(true))
+        return Access::Unknown;
+    const QVariant owner = index.SelectValue(QStringLiteral("SELECT account_id FROM projects WHERE id = ?"), {projectId});
+    if (!owner.isValid())
+        return Access::Unknown;
+    return owner.toLongLong() == accountId ? Access::Granted : Access::Forbidden;
+}
+
+QByteArray ProjectStore::FileBytes(const QString& projectId)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    CLmDataBase index(IndexPath());
+    QSqlQuery row(index.Database());
+    if (!index.Open(true)
+        || !index.Exec(QStringLiteral("SELECT account_id, file_name FROM projects WHERE id = ?"), {projectId}, &row)
+        || !row.next())
+        return {};
+    QFile file(AccountFolder(row.value(0).toLongLong()) + QLatin1Char('/') + row.value(1).toString());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString ProjectStore::IndexPath() const
+{
+    return m_dataDir + QStringLiteral("/projects.db");
+}
+
+QString ProjectStore::AccountFolder(qint64 accountId) const
+{
+    return m_dataDir + QStringLiteral("/projects/") + QString::number(accountId);
+}
+
+QString ProjectStore::StoredFileName(const QString& projectId) const
+{
+    // Ids come from clients: never let one name a path.
+    return QString::fromLatin1(QCryptographicHash::hash(projectId.toUtf8(), QCryptographicHash::Sha1).toHex())
+           + QLatin1String(ProjectSuffix);
+}
+
+std::optional<ProjectStore::ProjectRow> ProjectStore::ReadProjectRow(const QString& filePath)
+{
+    CLmDataBase db(filePath);
+    QSqlQuery row(db.Database());
+    if (!db.Open(true)
+        || !db.Exec(QStringLiteral("SELECT id, project_name, updated_at FROM %1 LIMIT 1")
+                        .arg(QLatin1String(ProjectTableName)),
+                    {}, &row)
+        || !row.next())
+        return std::nullopt;
+    return ProjectRow{row.value(0).toString(), row.value(1).toString(), row.value(2).toString()};
+}
+
+int ProjectStore::CountTasks(const QString& filePath)
+{
+    CLmDataBase db(filePath);
+    if (!db.Open(true))
+        return 0;
+    return db.SelectValue(QStringLiteral("SELECT count(*) FROM %1").arg(QLatin1String(FlightTaskTableName))).toInt();
+}
+
+bool ProjectStore::StampFile(const QString& filePath, const QString& projectId, qint64 version,
+                             const QString& updatedAt)
+{
+    CLmDataBase db(filePath);
+    return db.Open()
+           && db.Exec(QStringLiteral("UPDATE %1 SET version = ?, updated_at = ? WHERE id = ?")
+                          .arg(QLatin1String(ProjectTableName)),
+                      {version, updatedAt, projectId});
+}
+
+void ProjectStore::SeedDemoProjects()
+{
+    struct Demo
+    {
+        qint64 account;
+        const char* name;
+        double lat;
+        double lng;
+        int missions;
+    };
+    static const Demo demos[] = {{1, "Riverside Farm", 30.66, 104.06, 8},
+                                 {1, "Quarry North", 39.90, 116.40, 12},
+                                 {1, "Harbour Survey", 22.54, 114.06, 5},
+                                 {2, "Vineyard East", 46.20, 6.14, 6},
+                                 {2, "Solar Park", 48.14, 11.58, 10}};
+    QTemporaryDir work;
+    const QDateTime base = QDateTime::currentDateTimeUtc().addDays(-10);
+    int i = 0;
+    for (const Demo& demo : demos) {
+        CLmProjectGenerator::SOptions options;
+        options.strProjID = CLmProjectGenerator::NewProjectID();
+        options.strProjName = QString::fromUtf8(demo.name);
+        options.strUserID = QString::number(demo.account);
+        options.updatedAt = base.addDays(i++);
+        options.iMissions = demo.missions;
+        options.iFlownMissions = demo.missions / 2;
+        options.dHomeLat = demo.lat;
+        options.dHomeLng = demo.lng;
+        const QString path = work.filePath(options.strProjName + QLatin1String(ProjectSuffix));
+        QDir().mkpath(AccountFolder(demo.account));
+        if (CLmProjectGenerator::WriteProjectDatabase(path, options))
+            StoreLocked(demo.account, path);
+    }
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QString>
+
+#include <mutex>
+#include <optional>
+
+// The cloud's project store: the uploaded project files of every account in
+// <data>/projects/<account id>/, and an index of them in <data>/projects.db.
+// Calls are serialised by one mutex; each call opens its own connections,
+// because requests arrive on the threads of a pool.
+class ProjectStore
+{
+public:
+    enum class Access { Granted, Unknown, Forbidden };
+
+    struct UploadResult
+    {
+        QString error;  // empty on success
+        int httpStatus = 200;
+        QJsonObject data;
+    };
+
+    explicit ProjectStore(const QString& dataDir);
+
+    // Creates the index and, in an empty store, the demo projects.
+    bool Open(QString* error);
+
+    QJsonArray List(qint64 accountId);
+    // Stores an uploaded project file: the project row inside names the id;
+    // the version goes up by one and is written into the stored copy.
+    UploadResult Upload(qint64 accountId, const QByteArray& fileBytes);
+    Access CanRead(qint64 accountId, const QString& projectId);
+    QByteArray FileBytes(const QString& projectId);
+
+private:
+    struct ProjectRow
+    {
+        QString id;
+        QString name;
+        QString updatedAt;
+    };
+
+    QString IndexPath() const;
+    QString AccountFolder(qint64 accountId) const;
+    QString StoredFileName(const QString& projectId) const;
+    static std::optional<ProjectRow> ReadProjectRow(const QString& filePath);
+    static int CountTasks(const QString& filePath);
+    static bool StampFile(const QString& filePath, const QString& projectId, qint64 version, const QString& updatedAt);
+    void SeedDemoProjects();
+    UploadResult StoreLocked(qint64 accountId, const QString& tempPath);
+
+    QString m_dataDir;
+    std::mutex m_mutex;
+};

@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, starts the bundled cloud emulator on
+# loopback and opens SkyConsole against it. The emulator stops with the app.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bash scripts/install-deps.sh
+bash scripts/build.sh
+BUILD_DIR=${BUILD_DIR:-build}
+DATA_DIR=${SKYCLOUD_DATA:-${XDG_DATA_HOME:-$HOME/.local/share}/skycloud}
+PORT=${SKYCLOUD_PORT:-18080}
+PUSH_PORT=${SKYCLOUD_PUSH_PORT:-18081}
+push_args=()
+"$BUILD_DIR/bin/skycloud" --help 2>/dev/null | grep -q -- '--push-port' && push_args=(--push-port "$PUSH_PORT")
+"$BUILD_DIR/bin/skycloud" --port "$PORT" "${push_args[@]}" --data "$DATA_DIR" &
+cloud=$!
+trap 'kill $cloud 2>/dev/null; wait $cloud 2>/dev/null' EXIT
+export SKYCONSOLE_CLOUD_PRODUCTION_URL="http://127.0.0.1:$PORT"
+export SKYCONSOLE_CLOUD_PUSH_ADDRESS="127.0.0.1:$PUSH_PORT"
+"$BUILD_DIR/bin/skyconsole" "$@"

@@ -1,0 +1,612 @@
+#include "CLmCarrowmereProjMgrObj.h"
+
+#include "CLmControl.h"
+#include "CLmDataBase.h"
+#include "CLmDownLoadObject.h"
+#include "CLmUpLoadObject.h"
+#include "LmCityCategory.h"
+#include "LmCloudPaths.h"
+#include "LmConstants.h"
+#include "LmProjectConstants.h"
+#include "LmProjectFiles.h"
+
+#include <QDate>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLoggingCategory>
+#include <QSqlQuery>
+#include <QSet>
+#include <QTemporaryFile>
+
+#include <limits>
+
+#include <filesystem>
+#include <system_error>
+
+Q_LOGGING_CATEGORY(lcProjSynch, "sky.ui.projectsynch")
+
+namespace {
+
+// Seconds of a DateTimeSFormat text; texts in another shape are read with
+// QDateTime and an unreadable one counts as the earliest time. The fixed
+// format is read by hand because QDateTime::fromString is slow enough to
+// dominate the comparison of large lists.
+qint64 SecondsOf(const QString& text)
+{
+    static const auto digits = [](const QString& s, int pos, int count, int& value) {
+        value = 0;
+        for (int i = pos; i < pos + count; ++i) {
+            const int d = s.at(i).digitValue();
+            if (d < 0 || d > 9)
+                return false;
+            value = value * 10 + d;
+        }
+        return true;
+    };
+    int y, mo, d, h, mi, s;
+    if (text.size() == 19 && digits(text, 0, 4, y) && digits(text, 5, 2, mo) && digits(text, 8, 2, d)
+        && digits(text, 11, 2, h) && digits(text, 14, 2, mi) && digits(text, 17, 2, s)) {
+        const QDate date(y, mo, d);
+        if (date.isValid() && h < 24 && mi < 60 && s < 60)
+            return date.toJulianDay() * 86400 + h * 3600 + mi * 60 + s;
+    }
+    const QDateTime parsed = QDateTime::fromString(text, QLatin1String(DateTimeSFormat));
+    return parsed.isValid() ? QDate(parsed.date()).toJulianDay() * 86400 + parsed.time().msecsSinceStartOfDay() / 1000
+                            : std::numeric_limits<qint64>::min();
+}
+
+QString WithoutTrailingBlanks(QString text)
+{
+    while (text.endsWith(QLatin1Char(' ')))
+        text.chop(1);
+    return text;
+}
+
+int Percent(qlonglong current, qlonglong total)
+{
+    return static_cast<int>(static_cast<float>(current) / static_cast<float>(total > 0 ? total : 1) * 100.0f);
+}
+
+bool IsRefusal(const QByteArray& reply)
+{
+    const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
+    const int status = envelope.value(QStringLiteral("status")).toInt();
+    return !envelope.isEmpty() && (status == 401 || status == 403);
+}
+
+void RemoveFromQueue(QList<SProjInfor>& queue, const QString& projId)
+{
+    for (int i = 0; i < queue.size(); ++i) {
+        if (queue.at(i).strProjID == projId) {
+            queue.removeAt(i);
+            return;
+        }
+    }
+}
+
+QString IdText(const QJsonValue& value)
+{
+    return value.isDouble() ? QString::number(value.toVariant().toLongLong()) : value.toString();
+}
+
+}  // namespace
+
+CLmCarrowmereProjMgrObj::CLmCarrowmereProjMgrObj(QObject* parent)
+    : QObject(parent)
+{
+    RegisterMetaTypes();
+}
+
+void CLmCarrowmereProjMgrObj::RegisterMetaTypes()
+{
+    qRegisterMetaType<SProjInfor>("SProjInfor");
+    qRegisterMetaType<SBlockInfor>("SBlockInfor");
+    qRegisterMetaType<STaskInfor>("STaskInfor");
+    qRegisterMetaType<SMissionInfor>("SMissionInfor");
+    qRegisterMetaType<ESynchProMsgType>("ESynchProMsgType");
+}
+
+// ---- slots driven by the page ------------------------------------------------
+
+void CLmCarrowmereProjMgrObj::slotReadAllPrject()
+{
+    Q_EMIT SynchProjMsg(SynchProMsgListProgress, QString());
+    Q_EMIT SynchProjMsg(SynchProMsgListStart, tr("Reading project list start."));
+    ScanLocalProjects();
+    RequestProjectList();
+}
+
+void CLmCarrowmereProjMgrObj::slotSynchAllProject()
+{
+    Q_EMIT SynchProjMsg(SynchProMsgStart, tr("Start synchronization project."));
+    ScanLocalProjects();
+    RequestProjectList();
+    StartDownloadQueue();
+    StartUploadQueue();
+}
+
+void CLmCarrowmereProjMgrObj::slotDownloadPrjectWithProjID(QString strProjID)
+{
+    SProjInfor info;
+    info.strProjID = strProjID;
+    for (const SProjInfor& queued : qAsConst(m_listDownload)) {
+        if (queued.strProjID == strProjID)
+            info = queued;
+    }
+    if (info.strProjName.isEmpty())
+        info = m_mapLocalProj.value(strProjID, info);
+    PostDownload(info, true);
+}
+
+void CLmCarrowmereProjMgrObj::slotReadLocalProject(QString strProjectPath)
+{
+    for (const SProjInfor& info : ReadProjectFile(strProjectPath, false)) {
+        m_mapLocalProj.insert(info.strProjID, info);
+        Q_EMIT LocalProjInforOne(info);
+    }
+}
+
+void CLmCarrowmereProjMgrObj::slotReadFlightDetails(QString strProjId)
+{
+    const auto found = m_mapLocalProj.constFind(strProjId);
+    if (found == m_mapLocalProj.constEnd())
+        return;
+    CLmDataBase projectDb(found->strProjPath);
+    if (!projectDb.Open(true)) {
+        qCWarning(lcProjSynch) << "DB Open failed" << found->strProjPath;
+        return;
+    }
+    QSqlQuery areas(projectDb.Database());
+    projectDb.Exec(QStringLiteral("select * from %1 where project_id = ?").arg(QLatin1String(SurveyAreaTableName)),
+                   {strProjId}, &areas);
+    while (areas.next()) {
+        SBlockInfor block;
+        block.strProjID = strProjId;
+        block.strName = areas.value(QStringLiteral("survey_area_name")).toString();
+        block.strGuid = areas.value(QStringLiteral("survey_area_guid")).toString();
+        block.strCoordinatePoints = areas.value(QStringLiteral("survey_area_coordinate_points")).toString();
+        block.dHomeLat = areas.value(QStringLiteral("home_lat")).toDouble();
+        block.dHomeLng = areas.value(QStringLiteral("home_lng")).toDouble();
+        block.strCityName = LmCityCategory::instance().GetCityName(PointLatLng(block.dHomeLat, block.dHomeLng));
+        Q_EMIT LocalBlockInfor(block);
+    }
+    QSqlQuery tasks(projectDb.Database());
+    projectDb.Exec(QStringLiteral("select flight_task_guid, survey_area_guid, task_name from flight_task"), {}, &tasks);
+    while (tasks.next())
+        Q_EMIT LocalTaskInfor(STaskInfor{strProjId, tasks.value(0).toString(), tasks.value(1).toString(),
+                                         tasks.value(2).toString()});
+
+    CLmDataBase missionDb(CLmControl::GetInstance()->GetFlightMissionFilePath(found->strProjPath));
+    if (!missionDb.Open(true))
+        return;
+    QSqlQuery missions(missionDb.Database());
+    missionDb.Exec(QStringLiteral("select m.id, m.flight_task_id, m.mission_name,"
+                                  " exists (select 1 from flight_monitor_detail_log l where l.flight_mission_id = m.id)"
+                                  " from flight_mission m where m.project_id = ?"),
+                   {strProjId}, &missions);
+    while (missions.next())
+        Q_EMIT LocalMissionInfor(SMissionInfor{strProjId, missions.value(0).toLongLong(), missions.value(1).toString(),
+                                               missions.value(2).toString(), missions.value(3).toBool()});
+}
+
+// ---- local store ---------------------------------------------------------------
+
+void CLmCarrowmereProjMgrObj::ScanLocalProjects()
+{
+    m_mapLocalProj.clear();
+    const QDir root(CLmControl::GetInstance()->GetProjectDirPath());
+    const QStringList folders = root.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    for (int i = 0; i < folders.size(); ++i) {
+        const QDir folder(root.filePath(folders.at(i)));
+        const QStringList files = folder.entryList({QLatin1String(ProjectFileFilter)}, QDir::Files, QDir::Name);
+        for (const QString& file : files) {
+            for (const SProjInfor& info : ReadProjectFile(folder.filePath(file), true)) {
+                m_mapLocalProj.insert(info.strProjID, info);
+                Q_EMIT LocalProjInfor(info);
+            }
+        }
+        Q_EMIT SynchProjMsg(SynchProMsgLocalProgress, QString::number(Percent(i + 1, folders.size())));
+    }
+}
+
+QList<SProjInfor> CLmCarrowmereProjMgrObj::ReadProjectFile(const QString& filePath, bool withCities)
+{
+    QList<SProjInfor> projects;
+    CLmDataBase projectDb(filePath);
+    if (!projectDb.Open(true)) {
+        qCWarning(lcProjSynch) << "DB Open failed" << filePath;
+        return projects;
+    }
+    QSqlQuery rows(projectDb.Database());
+    if (!projectDb.Exec(QStringLiteral("select * from %1 where user_id = ?").arg(QLatin1String(ProjectTableName)),
+                        {GetCurUserInfo().strUserID}, &rows)) {
+        qCWarning(lcProjSynch) << "not a readable project database:" << filePath;
+        return projects;
+    }
+    while (rows.next()) {
+        SProjInfor info;
+        info.strProjName = rows.value(QStringLiteral("project_name")).toString();
+        info.strProjID = rows.value(QStringLiteral("id")).toString();
+        info.strUpdateTime = rows.value(QStringLiteral("updated_at")).toString();
+        info.strProjPath = filePath;
+        projects.append(info);
+    }
+    rows.finish();
+    for (SProjInfor& info : projects) {
+        CountMissions(projectDb, info);
+        if (withCities)
+            Q_EMIT LocalBlockCity(info.strProjID, ReadBlockCities(projectDb, info.strProjID));
+    }
+    return projects;
+}
+
+void CLmCarrowmereProjMgrObj::CountMissions(CLmDataBase& projectDb, SProjInfor& info) const
+{
+    CLmDataBase missionDb(CLmControl::GetInstance()->GetFlightMissionFilePath(info.strProjPath));
+    if (!missionDb.Open(true))
+        return;
+    QSqlQuery missions(missionDb.Database());
+    if (!missionDb.Exec(QStringLiteral("select id, flight_task_id from flight_mission where project_id = ?"),
+                        {info.strProjID}, &missions))
+        return;
+    QSqlQuery task(projectDb.Database());
+    task.prepare(QStringLiteral("select id from flight_task where flight_task_guid = ?"));
+    QSqlQuery flown(missionDb.Database());
+    flown.prepare(QStringLiteral("select id from flight_monitor_detail_log where flight_mission_id = ? limit 1"));
+    int counted = 0;
+    int flownCount = 0;
+    while (missions.next()) {
+        task.addBindValue(missions.value(1));
+        if (!task.exec() || !task.next())
+            continue;
+        ++counted;
+        flown.addBindValue(missions.value(0));
+        if (flown.exec() && flown.next())
+            ++flownCount;
+    }
+    info.iMissionCount = std::max(info.iMissionCount, counted);
+    info.iFlownCount = flownCount;
+}
+
+QStringList CLmCarrowmereProjMgrObj::ReadBlockCities(CLmDataBase& projectDb, const QString& projId) const
+{
+    QStringList cities;
+    QSqlQuery areas(projectDb.Database());
+    if (!projectDb.Exec(QStringLiteral("select home_lat, home_lng from %1 where project_id = ?")
+                            .arg(QLatin1String(SurveyAreaTableName)),
+                        {projId}, &areas))
+        return cities;
+    while (areas.next()) {
+        const QString city = LmCityCategory::instance().GetCityName(
+            PointLatLng(areas.value(0).toDouble(), areas.value(1).toDouble()));
+        if (!city.isEmpty() && !cities.contains(city))
+            cities.append(city);
+    }
+    return cities;
+}
+
+// ---- cloud list and classification ----------------------------------------------
+
+bool CLmCarrowmereProjMgrObj::CanReachCloud() const
+{
+    return !GetCurUserInfo().strToken.isEmpty() && CLmControl::GetInstance()->IsNetWorkConnected();
+}
+
+void CLmCarrowmereProjMgrObj::RequestProjectList()
+{
+    if (!CanReachCloud()) {
+        Q_EMIT SynchProjMsg(SynchProMsgListError, tr("Reading project list error."));
+        return;
+    }
+    CLmDownLoadObject* request = ListObject();
+    SetCloudRequest(request, LmCloudPath::ProjectList);
+    request->slotRequestData();
+}
+
+void CLmCarrowmereProjMgrObj::slotDownLoadProjectListProcess(qlonglong iCur, qlonglong iTotal)
+{
+    Q_EMIT SynchProjMsg(SynchProMsgListProgress, QString::number(Percent(iCur, iTotal)));
+}
+
+void CLmCarrowmereProjMgrObj::slotDownLoadProjectListError()
+{
+    Q_EMIT SynchProjMsg(SynchProMsgListError, tr("Reading project list error."));
+}
+
+void CLmCarrowmereProjMgrObj::slotDownLoadProjectListFinished()
+{
+    m_listDownload.clear();
+    m_listUpload.clear();
+    const QJsonObject envelope = QJsonDocument::fromJson(ListObject()->GetDownLoadData()).object();
+    if (envelope.isEmpty())
+        return;
+    const QJsonValue data = envelope.value(QStringLiteral("data"));
+    if (envelope.value(QStringLiteral("status")).toInt() != 0 || !data.isArray()) {
+        Q_EMIT SynchProjMsg(SynchProMsgListError, tr("Reading project list error."));
+        return;
+    }
+    const QJsonArray cloudProjects = data.toArray();
+    QSet<QString> cloudIds;
+    cloudIds.reserve(cloudProjects.size());
+    for (const QJsonValue& cloud : cloudProjects)
+        cloudIds.insert(IdText(cloud.toObject().value(QStringLiteral("id"))));
+    for (SProjInfor& local : m_mapLocalProj) {
+        if (!cloudIds.contains(local.strProjID))
+            EnqueueUpload(local);
+    }
+    for (const QJsonValue& cloud : cloudProjects)
+        ClassifyCloudProject(cloud.toObject());
+    Q_EMIT SynchProjMsg(SynchProMsgListFinished, tr("Read project list finished"));
+}
+
+void CLmCarrowmereProjMgrObj::ClassifyCloudProject(const QJsonObject& cloud)
+{
+    const QString projId = IdText(cloud.value(QStringLiteral("id")));
+    const QString cloudTime = cloud.value(QStringLiteral("updated_at")).toString();
+    const int cloudMissions = cloud.value(QStringLiteral("flight_mission_count")).toVariant().toString().toInt();
+    const auto local = m_mapLocalProj.find(projId);
+    if (local == m_mapLocalProj.end()) {
+        SProjInfor info;
+        info.strProjName = WithoutTrailingBlanks(cloud.value(QStringLiteral("project_name")).toString());
+        info.strUpdateTime = cloudTime;
+        info.strProjID = projId;
+        info.strProjPath = CLmControl::GetInstance()->GetProjectDirPath() + QLatin1Char('/') + info.strProjName;
+        info.iMissionCount = cloudMissions;
+        info.iSynchState = SynchStateCloudOnly;
+        Q_EMIT LocalProjInfor(info);
+        // Nothing local to read the survey areas from yet.
+        Q_EMIT LocalBlockCity(projId, QStringList());
+        EnqueueDownload(info, SynchStateCloudOnly);
+        return;
+    }
+    const qint64 localSeconds = SecondsOf(local->strUpdateTime);
+    const qint64 cloudSeconds = local->strUpdateTime == cloudTime ? localSeconds : SecondsOf(cloudTime);
+    if (localSeconds < cloudSeconds) {
+        local->iMissionCount = cloudMissions;
+        EnqueueDownload(*local, SynchStateNeedDownload);
+    } else if (cloudSeconds < localSeconds) {
+        EnqueueUpload(*local);
+    } else {
+        local->iSynchState = SynchStateInStep;
+        local->iMissionCount = cloudMissions;
+        Q_EMIT UpdateProjInfo(*local);
+    }
+}
+
+void CLmCarrowmereProjMgrObj::EnqueueDownload(SProjInfor& info, int state)
+{
+    info.iSynchState = state;
+    m_listDownload.append(info);
+    Q_EMIT NeedDownloadInfo(info);
+}
+
+void CLmCarrowmereProjMgrObj::EnqueueUpload(SProjInfor& info)
+{
+    info.iSynchState = SynchStateNeedUpload;
+    m_listUpload.append(info);
+    Q_EMIT NeedUploadInfo(info);
+}
+
+// ---- download queue ----------------------------------------------------------------
+
+void CLmCarrowmereProjMgrObj::StartDownloadQueue()
+{
+    if (m_listDownload.isEmpty() || m_bDownloading)
+        return;
+    PostDownload(m_listDownload.first(), false);
+}
+
+void CLmCarrowmereProjMgrObj::PostDownload(const SProjInfor& info, bool single)
+{
+    m_curDownload = info;
+    m_bDownloading = true;
+    CLmDownLoadObject* request = FileObject();
+    SetCloudRequest(request, LmCloudPath::ProjectDownloadFile);
+    request->SetFilePathArray(QByteArrayLiteral("id=") + info.strProjID.toLatin1());
+    request->SetUserData(SingleDownloadRole, single);
+    request->slotRequestData();
+}
+
+void CLmCarrowmereProjMgrObj::slotDownLoadProjectProcess(qlonglong iCur, qlonglong iTotal)
+{
+    m_curDownload.strProgress = QString::number(Percent(iCur, iTotal)) + QLatin1Char('%');
+    m_curDownload.strState = tr("Downloading ");
+    Q_EMIT CurrentDownLoadProjectState(m_curDownload);
+}
+
+void CLmCarrowmereProjMgrObj::slotDownLoadProjectFinished()
+{
+    const QByteArray reply = FileObject()->GetDownLoadData();
+    if (IsRefusal(reply)) {
+        // The session is not valid: the chain stops until the next synchronisation.
+        qCWarning(lcProjSynch) << "project download refused by the service";
+        m_bDownloading = false;
+        return;
+    }
+    const QString target = DownloadTargetPath(m_curDownload);
+    if (!ReplaceWithDownload(reply, target)) {
+        slotDownLoadProjectError();
+        return;
+    }
+    m_curDownload.strProjPath = target;
+    m_curDownload.strUpdateTime = ReadUpdateTime(target, m_curDownload.strProjID);
+    m_curDownload.iSynchState = SynchStateInStep;
+    m_curDownload.strState = tr("Finished");
+    m_curDownload.strProgress = QStringLiteral("100%");
+    m_mapLocalProj.insert(m_curDownload.strProjID, m_curDownload);
+    Q_EMIT ProjectDownloadFinished(m_curDownload);
+    Q_EMIT UpdateProjInfo(m_curDownload);
+    RemoveFromQueue(m_listDownload, m_curDownload.strProjID);
+    FinishDownload();
+}
+
+void CLmCarrowmereProjMgrObj::slotDownLoadProjectError()
+{
+    const bool single = FileObject()->GetUserData(SingleDownloadRole).toBool();
+    if (!single && !m_listDownload.isEmpty())
+        m_listDownload.removeFirst();
+    m_curDownload.strState = tr("Failed");
+    Q_EMIT ProjectDownloadFinished(m_curDownload);
+    FinishDownload();
+}
+
+void CLmCarrowmereProjMgrObj::FinishDownload()
+{
+    m_bDownloading = false;
+    // A single download may have displaced a queued one; the queue goes on.
+    StartDownloadQueue();
+}
+
+QString CLmCarrowmereProjMgrObj::DownloadTargetPath(const SProjInfor& info) const
+{
+    const auto local = m_mapLocalProj.constFind(info.strProjID);
+    if (local != m_mapLocalProj.constEnd() && QFileInfo::exists(local->strProjPath))
+        return local->strProjPath;
+    const QString root = CLmControl::GetInstance()->GetProjectDirPath();
+    QString name = SafeProjectName(info.strProjName);
+    if (QFileInfo::exists(root + QLatin1Char('/') + name))
+        name = CreateUniqueFileName(root, name);
+    return root + QLatin1Char('/') + name + QLatin1Char('/') + name + QLatin1String(ProjectSuffix);
+}
+
+bool CLmCarrowmereProjMgrObj::ReplaceWithDownload(const QByteArray& data, const QString& targetPath) const
+{
+    const QString root = CLmControl::GetInstance()->GetProjectDirPath();
+    QTemporaryFile temp(root + QStringLiteral("/.download-XXXXXX"));
+    if (!temp.open() || temp.write(data) != data.size() || !temp.flush()) {
+        qCWarning(lcProjSynch) << "cannot write the downloaded project to" << root;
+        return false;
+    }
+    temp.close();
+    if (!CLmDataBase::IsSqliteFile(temp.fileName())) {
+        qCWarning(lcProjSynch) << "downloaded project is not a complete database; local file kept" << targetPath;
+        return false;
+    }
+    QDir().mkpath(QFileInfo(targetPath).absolutePath());
+    std::error_code error;
+    std::filesystem::rename(QFile::encodeName(temp.fileName()).toStdString(),
+                            QFile::encodeName(targetPath).toStdString(), error);
+    if (error) {
+        qCWarning(lcProjSynch) << "cannot replace" << targetPath << QString::fromStdString(error.message());
+        return false;
+    }
+    temp.setAutoRemove(false);
+    return true;
+}
+
+QString CLmCarrowmereProjMgrObj::ReadUpdateTime(const QString& filePath, const QString& projId) const
+{
+    CLmDataBase db(filePath);
+    if (!db.Open(true)) {
+        qCWarning(lcProjSynch) << "DB Open failed" << filePath;
+        return {};
+    }
+    return db.SelectValue(QStringLiteral("select updated_at from %1 where id = ?").arg(QLatin1String(ProjectTableName)),
+                          {projId})
+        .toString();
+}
+
+// ---- upload queue ------------------------------------------------------------------
+
+void CLmCarrowmereProjMgrObj::StartUploadQueue()
+{
+    if (m_listUpload.isEmpty() || m_bUploading)
+        return;
+    m_curUpload = m_listUpload.first();
+    m_bUploading = true;
+    CLmUpLoadObject* request = UploadObject();
+    SetCloudRequest(request, LmCloudPath::ProjectUpload);
+    request->SetFilePathArray(QByteArrayLiteral("data=") + GetUploadArray(m_curUpload.strProjPath));
+    request->PostNetWorkReplyMessage();
+}
+
+void CLmCarrowmereProjMgrObj::slotUpLoadProcess(qlonglong iCur, qlonglong iTotal)
+{
+    m_curUpload.strProgress = QString::number(Percent(iCur, iTotal)) + QLatin1Char('%');
+    m_curUpload.strState = tr("Uploading");
+    Q_EMIT CurrentUpLoadProjectState(m_curUpload);
+}
+
+void CLmCarrowmereProjMgrObj::slotUpLoadFinished(QByteArray reply)
+{
+    const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
+    if (!envelope.isEmpty() && envelope.value(QStringLiteral("status")).toInt(-1) == 0) {
+        const QJsonValue version = envelope.value(QStringLiteral("data")).toObject().value(QStringLiteral("version"));
+        WriteVersion(m_curUpload.strProjPath, version.toVariant().toLongLong());
+    }
+    FinishUpload(tr("Finished"));
+}
+
+void CLmCarrowmereProjMgrObj::slotUploadNetWorkError()
+{
+    FinishUpload(tr("Failed"));
+}
+
+void CLmCarrowmereProjMgrObj::FinishUpload(const QString& state)
+{
+    m_curUpload.strState = state;
+    Q_EMIT ProjectUploadFinished(m_curUpload);
+    RemoveFromQueue(m_listUpload, m_curUpload.strProjID);
+    m_bUploading = false;
+    StartUploadQueue();
+}
+
+void CLmCarrowmereProjMgrObj::WriteVersion(const QString& filePath, qint64 version) const
+{
+    CLmDataBase db(filePath);
+    if (!db.Open()) {
+        qCWarning(lcProjSynch) << "DB Open failed" << filePath;
+        return;
+    }
+    db.Exec(QStringLiteral("UPDATE %1 SET version = ?").arg(QLatin1String(ProjectTableName)), {version});
+}
+
+// ---- request objects ----------------------------------------------------------------
+
+void CLmCarrowmereProjMgrObj::SetCloudRequest(CLmTransferObject* request, const char* path) const
+{
+    request->SetRawHeader(QByteArrayLiteral("token"), GetCurUserInfo().strToken.toUtf8());
+    request->SetUrl(GetServerIP() + path);
+}
+
+CLmDownLoadObject* CLmCarrowmereProjMgrObj::ListObject()
+{
+    if (!m_pListObj) {
+        m_pListObj = new CLmDownLoadObject(this);
+        connect(m_pListObj, &CLmDownLoadObject::DownLoadProcess, this,
+                &CLmCarrowmereProjMgrObj::slotDownLoadProjectListProcess);
+        connect(m_pListObj, &CLmDownLoadObject::DownLoadFinished, this,
+                &CLmCarrowmereProjMgrObj::slotDownLoadProjectListFinished);
+        connect(m_pListObj, &CLmDownLoadObject::DownLoadError, this,
+                &CLmCarrowmereProjMgrObj::slotDownLoadProjectListError);
+    }
+    return m_pListObj;
+}
+
+CLmDownLoadObject* CLmCarrowmereProjMgrObj::FileObject()
+{
+    if (!m_pFileObj) {
+        m_pFileObj = new CLmDownLoadObject(this);
+        connect(m_pFileObj, &CLmDownLoadObject::DownLoadProcess, this,
+                &CLmCarrowmereProjMgrObj::slotDownLoadProjectProcess);
+        connect(m_pFileObj, &CLmDownLoadObject::DownLoadFinished, this,
+                &CLmCarrowmereProjMgrObj::slotDownLoadProjectFinished);
+        connect(m_pFileObj, &CLmDownLoadObject::DownLoadError, this,
+                &CLmCarrowmereProjMgrObj::slotDownLoadProjectError);
+    }
+    return m_pFileObj;
+}
+
+CLmUpLoadObject* CLmCarrowmereProjMgrObj::UploadObject()
+{
+    if (!m_pUploadObj) {
+        m_pUploadObj = new CLmUpLoadObject(this);
+        connect(m_pUploadObj, &CLmUpLoadObject::UpLoadProcess, this, &CLmCarrowmereProjMgrObj::slotUpLoadProcess);
+        connect(m_pUploadObj, &CLmUpLoadObject::UpLoadFinished, this, &CLmCarrowmereProjMgrObj::slotUpLoadFinished);
+        connect(m_pUploadObj, &CLmUpLoadObject::UpLoadNetWorkError, this,
+                &CLmCarrowmereProjMgrObj::slotUploadNetWorkError);
+    }
+    return m_pUploadObj;
+}

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "LmProjSynchTypes.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QJsonObject>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+class CLmDataBase;
+class CLmDownLoadObject;
+class CLmTransferObject;
+class CLmUpLoadObject;
+
+// Keeps the user's local projects and the cloud's copies in step: scans the
+// local project store, classifies every project against the cloud's list and
+// works through a download queue and an upload queue, one project at a time
+// each. Lives in a thread of its own and is driven only by queued signals;
+// everything it learns it reports by signal.
+class CLmCarrowmereProjMgrObj : public QObject
+{
+    Q_OBJECT
+public:
+    // User-data key of the file request: true for a single download.
+    static constexpr int SingleDownloadRole = 9;
+
+    explicit CLmCarrowmereProjMgrObj(QObject* parent = nullptr);
+
+    static void RegisterMetaTypes();
+
+public Q_SLOTS:
+    void slotReadAllPrject();
+    void slotSynchAllProject();
+    void slotDownloadPrjectWithProjID(QString strProjID);
+    void slotReadLocalProject(QString strProjectPath);
+    void slotReadFlightDetails(QString strProjId);
+
+    void slotDownLoadProjectListProcess(qlonglong iCur, qlonglong iTotal);
+    void slotDownLoadProjectProcess(qlonglong iCur, qlonglong iTotal);
+    void slotUpLoadProcess(qlonglong iCur, qlonglong iTotal);
+    void slotDownLoadProjectListFinished();
+    void slotDownLoadProjectListError();
+    void slotDownLoadProjectFinished();
+    void slotDownLoadProjectError();
+    void slotUploadNetWorkError();
+    void slotUpLoadFinished(QByteArray reply);
+
+Q_SIGNALS:
+    void LocalProjInfor(SProjInfor info);
+    void LocalBlockCity(QString strProjID, QVariant cityNames);
+    void LocalBlockInfor(SBlockInfor info);
+    void LocalTaskInfor(STaskInfor info);
+    void LocalMissionInfor(SMissionInfor info);
+    void ProjectDownloadFinished(SProjInfor info);
+    void CurrentDownLoadProjectState(SProjInfor info);
+    void SynchProjMsg(ESynchProMsgType type, QString strMsg);
+    void NeedDownloadInfo(SProjInfor info);
+    void NeedUploadInfo(SProjInfor info);
+    void ProjectUploadFinished(SProjInfor info);
+    void CurrentUpLoadProjectState(SProjInfor info);
+    void UpdateProjInfo(SProjInfor info);
+    void LocalProjInforOne(SProjInfor info);
+
+private:
+    // Local store.
+    void ScanLocalProjects();
+    QList<SProjInfor> ReadProjectFile(const QString& filePath, bool withCities);
+    void CountMissions(CLmDataBase& projectDb, SProjInfor& info) const;
+    QStringList ReadBlockCities(CLmDataBase& projectDb, const QString& projId) const;
+
+    // Cloud list and classification.
+    void RequestProjectList();
+    bool CanReachCloud() const;
+    void ClassifyCloudProject(const QJsonObject& cloud);
+    void EnqueueDownload(SProjInfor& info, int state);
+    void EnqueueUpload(SProjInfor& info);
+
+    // Queues.
+    void StartDownloadQueue();
+    void PostDownload(const SProjInfor& info, bool single);
+    void FinishDownload();
+    QString DownloadTargetPath(const SProjInfor& info) const;
+    bool ReplaceWithDownload(const QByteArray& data, const QString& targetPath) const;
+    QString ReadUpdateTime(const QString& filePath, const QString& projId) const;
+    void StartUploadQueue();
+    void FinishUpload(const QString& state);
+    void WriteVersion(const QString& filePath, qint64 version) const;
+
+    CLmDownLoadObject* ListObject();
+    CLmDownLoadObject* FileObject();
+    CLmUpLoadObject* UploadObject();
+    void SetCloudRequest(CLmTransferObject* request, const char* path) const;
+
+    QMap<QString, SProjInfor> m_mapLocalProj;
+    QList<SProjInfor> m_listDownload;
+    QList<SProjInfor> m_listUpload;
+    SProjInfor m_curDownload;
+    SProjInfor m_curUpload;
+    bool m_bDownloading = false;
+    bool m_bUploading = false;
+    CLmDownLoadObject* m_pListObj = nullptr;
+    CLmDownLoadObject* m_pFileObj = nullptr;
+    CLmUpLoadObject* m_pUploadObj = nullptr;
+};

@@ -1,0 +1,3 @@
+#include "LmCarrowmereUtilityLog.h"
+
+Q_LOGGING_CATEGORY(lcUtility, "sky.carrowmereutility")

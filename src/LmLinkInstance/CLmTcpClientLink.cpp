@@ -1,0 +1,122 @@
+#include "CLmTcpClientLink.h"
+
+#include "LmConstants.h"
+#include "LmLinkInstanceLog.h"
+
+namespace {
+
+// A connection that ends sooner than this counts as a failed attempt, so a
+// server that accepts and drops at once is not hammered every second.
+constexpr qint64 kStableConnectionMs = 10000;
+// Bytes without a delimiter beyond this are not frames of ours; they are dropped.
+constexpr int kMaxPendingBytes = 1 << 20;
+
+}  // namespace
+
+CLmTcpClientLink::CLmTcpClientLink(int linkId, const QString& address, QObject* parent)
+    : CLmLinkProvide(linkId, parent)
+{
+    const int colon = address.lastIndexOf(QLatin1Char(':'));
+    m_strHost = address.left(colon);
+    m_nPort = static_cast<quint16>(address.midRef(colon + 1).toUInt());
+    if (colon <= 0 || m_nPort == 0)
+        qCWarning(lcLinkInstance) << "not a host:port address:" << address;
+
+    m_reconnectTimer.setSingleShot(true);
+    connect(&m_reconnectTimer, &QTimer::timeout, this, &CLmTcpClientLink::ConnectToHost);
+    connect(&m_socket, &QTcpSocket::connected, this, &CLmTcpClientLink::OnConnected);
+    connect(&m_socket, &QTcpSocket::stateChanged, this, &CLmTcpClientLink::OnStateChanged);
+    connect(&m_socket, &QTcpSocket::readyRead, this, &CLmTcpClientLink::OnReadyRead);
+}
+
+void CLmTcpClientLink::SetFrameDelimiter(const QByteArray& delimiter)
+{
+    m_frameDelimiter = delimiter;
+}
+
+void CLmTcpClientLink::Connect()
+{
+    m_bWanted = true;
+    m_backoff.Reset();
+    if (m_socket.state() == QAbstractSocket::UnconnectedState)
+        ConnectToHost();
+}
+
+void CLmTcpClientLink::Disconnect()
+{
+    m_bWanted = false;
+    m_reconnectTimer.stop();
+    m_socket.abort();
+}
+
+bool CLmTcpClientLink::IsConnected() const
+{
+    return m_socket.state() == QAbstractSocket::ConnectedState;
+}
+
+void CLmTcpClientLink::ConnectToHost()
+{
+    if (m_nPort == 0)
+        return;
+    m_pendingBytes.clear();
+    m_socket.connectToHost(m_strHost, m_nPort);
+}
+
+void CLmTcpClientLink::OnConnected()
+{
+    qCInfo(lcLinkInstance) << "tcp link" << GetLinkId() << "connected to" << m_strHost << m_nPort;
+    m_bWasConnected = true;
+    m_connectedFor.start();
+    Resubscribe();
+    emit connected();
+}
+
+void CLmTcpClientLink::Resubscribe()
+{
+    const QString token = GetCurUserInfo().strToken;
+    if (IsConnected() && !token.isEmpty())
+        m_socket.write("SUBSCRIBE " + token.toUtf8() + '\n');
+}
+
+void CLmTcpClientLink::OnStateChanged(QAbstractSocket::SocketState state)
+{
+    if (state == QAbstractSocket::UnconnectedState)
+        OnConnectionEnded();
+}
+
+void CLmTcpClientLink::OnConnectionEnded()
+{
+    if (m_bWasConnected) {
+        m_bWasConnected = false;
+        if (m_connectedFor.elapsed() >= kStableConnectionMs)
+            m_backoff.Reset();
+        emit disconnected();
+    }
+    if (!m_bWanted)
+        return;
+    const int delay = m_backoff.NextDelayMs();
+    qCInfo(lcLinkInstance) << "tcp link" << GetLinkId() << "reconnects in" << delay << "ms";
+    m_reconnectTimer.start(delay);
+}
+
+void CLmTcpClientLink::OnReadyRead()
+{
+    const QByteArray bytes = m_socket.readAll();
+    if (m_frameDelimiter.isEmpty()) {
+        emit bytesReceived(bytes);
+        return;
+    }
+    m_pendingBytes += bytes;
+    const int lastDelimiter = m_pendingBytes.lastIndexOf(m_frameDelimiter);
+    if (lastDelimiter < 0) {
+        if (m_pendingBytes.size() > kMaxPendingBytes) {
+            qCWarning(lcLinkInstance) << "tcp link" << GetLinkId() << "dropped an oversized frame";
+            m_pendingBytes.clear();
+        }
+        return;
+    }
+    const int frameEnd = lastDelimiter + m_frameDelimiter.size();
+    const QByteArray frames = m_pendingBytes.left(frameEnd);
+    m_pendingBytes.remove(0, frameEnd);
+    emit bytesReceived(frames);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QStringList>
+
+class CLmDataBase;
+
+// The tables of a project database and of a mission database. The planning
+// and flying applications write these files; this hub and its tools create
+// them with the same statements.
+class CLmProjectSchema
+{
+public:
+    static QStringList ProjectStatements();
+    static QStringList MissionStatements();
+
+    static bool CreateProjectTables(CLmDataBase& db);
+    static bool CreateMissionTables(CLmDataBase& db);
+
+private:
+    static bool ExecAll(CLmDataBase& db, const QStringList& statements);
+};

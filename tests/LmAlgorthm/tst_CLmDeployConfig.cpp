@@ -1,0 +1,121 @@
+#include "CLmDeployConfig.h"
+#include "LmConstants.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+// Deployment data decides which service every request goes to: a wrong
+// precedence between defaults, file and environment sends a crew's data to
+// the wrong cloud.
+class tst_CLmDeployConfig : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void cleanup();
+    void serverAddress_data();
+    void serverAddress();
+    void pageBaseFollowsServerUnlessConfigured_data();
+    void pageBaseFollowsServerUnlessConfigured();
+    void defaultFileIsUsedWithoutNamedFile();
+
+private:
+    QString WriteIni(const QByteArray& text);
+    QTemporaryDir m_dir;
+};
+
+QString tst_CLmDeployConfig::WriteIni(const QByteArray& text)
+{
+    const QString path = m_dir.filePath(QStringLiteral("deployment.ini"));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        qFatal("cannot write %s", qPrintable(path));
+    file.write(text);
+    return path;
+}
+
+void tst_CLmDeployConfig::cleanup()
+{
+    for (const char* name : {"SKYCONSOLE_CONFIG", "SKYCONSOLE_CLOUD_PRODUCTION_URL", "SKYCONSOLE_CLOUD_USE_TEST_SERVER",
+                             "SKYCONSOLE_CLOUD_PAGE_BASE"})
+        qunsetenv(name);
+    CLmDeployConfig::Reload();
+}
+
+void tst_CLmDeployConfig::serverAddress_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+    QTest::addColumn<QByteArray>("envProduction");
+    QTest::addColumn<QByteArray>("envUseTest");
+    QTest::addColumn<QByteArray>("server");
+    QTest::addColumn<bool>("test");
+
+    QTest::newRow("built-in default") << QByteArray() << QByteArray() << QByteArray()
+                                      << QByteArray("http://127.0.0.1:18080") << false;
+    QTest::newRow("file production, trailing slash dropped")
+        << QByteArray("[cloud]\nproduction_url=https://cloud.example.test:8443/\n") << QByteArray() << QByteArray()
+        << QByteArray("https://cloud.example.test:8443") << false;
+    QTest::newRow("file switches to test service")
+        << QByteArray("[cloud]\nuse_test_server=true\ntest_url=http://10.0.0.5:9000\n") << QByteArray()
+        << QByteArray() << QByteArray("http://10.0.0.5:9000") << true;
+    QTest::newRow("environment beats file")
+        << QByteArray("[cloud]\nproduction_url=http://from-file:1\n") << QByteArray("http://from-env:2")
+        << QByteArray() << QByteArray("http://from-env:2") << false;
+    QTest::newRow("environment turns test off")
+        << QByteArray("[cloud]\nuse_test_server=true\ntest_url=http://t:1\nproduction_url=http://p:2\n")
+        << QByteArray() << QByteArray("false") << QByteArray("http://p:2") << false;
+}
+
+void tst_CLmDeployConfig::serverAddress()
+{
+    QFETCH(QByteArray, ini);
+    QFETCH(QByteArray, envProduction);
+    QFETCH(QByteArray, envUseTest);
+    QFETCH(QByteArray, server);
+    QFETCH(bool, test);
+
+    if (!ini.isEmpty())
+        qputenv("SKYCONSOLE_CONFIG", WriteIni(ini).toUtf8());
+    if (!envProduction.isEmpty())
+        qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", envProduction);
+    if (!envUseTest.isEmpty())
+        qputenv("SKYCONSOLE_CLOUD_USE_TEST_SERVER", envUseTest);
+    CLmDeployConfig::Reload();
+
+    QCOMPARE(GetServerIP(), server);
+    QCOMPARE(IsTestServer(), test);
+}
+
+void tst_CLmDeployConfig::pageBaseFollowsServerUnlessConfigured_data()
+{
+    QTest::addColumn<QByteArray>("pageBase");
+    QTest::addColumn<QByteArray>("newsUrl");
+    QTest::newRow("emulator: path under the server") << QByteArray() << QByteArray("http://127.0.0.1:18080/8083/news");
+    QTest::newRow("production: port appended to host")
+        << QByteArray("http://pages.example.test:") << QByteArray("http://pages.example.test:8083/news");
+}
+
+void tst_CLmDeployConfig::pageBaseFollowsServerUnlessConfigured()
+{
+    QFETCH(QByteArray, pageBase);
+    QFETCH(QByteArray, newsUrl);
+    if (!pageBase.isEmpty())
+        qputenv("SKYCONSOLE_CLOUD_PAGE_BASE", pageBase);
+    CLmDeployConfig::Reload();
+    QCOMPARE(GetPageIP() + "8083/news", newsUrl);
+}
+
+void tst_CLmDeployConfig::defaultFileIsUsedWithoutNamedFile()
+{
+    const QString path = CLmDeployConfig::DefaultFilePath();
+    QVERIFY(QDir().mkpath(QFileInfo(path).absolutePath()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[launcher]\nlaunch_key={00000000-1111-2222-3333-444444444444}\n");
+    file.close();
+    CLmDeployConfig::Reload();
+    QCOMPARE(GetLaunchKey(), QStringLiteral("{00000000-1111-2222-3333-444444444444}"));
+    QVERIFY(file.remove());
+}
+
+QTEST_GUILESS_MAIN(tst_CLmDeployConfig)
+#include "tst_CLmDeployConfig.moc"

@@ -1,0 +1,237 @@
+#include "CLmCarrowmereMainWindow.h"
+#include "CLmControl.h"
+#include "CLmDeployConfig.h"
+#include "CLmLinkProvide.h"
+#include "CLmTipPushButton.h"
+#include "CSkyCloudProcess.h"
+#include "ModalAnswer.h"
+
+#include <QDir>
+#include <QPointer>
+#include <QStackedWidget>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+QStringList g_warnings;
+QtMessageHandler g_previousHandler = nullptr;
+
+void RecordWarnings(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (type == QtWarningMsg || type == QtCriticalMsg)
+        g_warnings << message;
+    g_previousHandler(type, context, message);
+}
+
+void Touch(const QString& path)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        qFatal("cannot create %s", qPrintable(path));
+}
+
+}  // namespace
+
+class tst_CLmCarrowmereMainWindow : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void countsMissionDatabases_data();
+    void countsMissionDatabases();
+    void pushNotifications_data();
+    void pushNotifications();
+    void liftCheckAsksTheUser();
+    void systemMessageClickNeedsText();
+    void exitAsksForConfirmation_data();
+    void exitAsksForConfirmation();
+    void workerThreadsStartAndStopCleanly();
+
+private:
+    void Push(const QByteArray& text);
+    template <typename T>
+    T* Child(const char* name) const
+    {
+        return m_pWindow->findChild<T*>(QLatin1String(name));
+    }
+
+    QPointer<CLmCarrowmereMainWindow> m_pWindow;
+};
+
+void tst_CLmCarrowmereMainWindow::initTestCase()
+{
+    g_previousHandler = qInstallMessageHandler(RecordWarnings);
+}
+
+void tst_CLmCarrowmereMainWindow::init()
+{
+    g_warnings.clear();
+    QDir(CLmControl::GetInstance()->GetAppDataDirectory()).removeRecursively();
+    m_pWindow = new CLmCarrowmereMainWindow(nullptr);
+    m_pWindow->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_pWindow));
+}
+
+void tst_CLmCarrowmereMainWindow::cleanup()
+{
+    delete m_pWindow;
+}
+
+void tst_CLmCarrowmereMainWindow::Push(const QByteArray& text)
+{
+    QVERIFY(QMetaObject::invokeMethod(m_pWindow, "slotBytesReceived", Q_ARG(CLmLinkProvide*, nullptr),
+                                      Q_ARG(QByteArray, text)));
+}
+
+void tst_CLmCarrowmereMainWindow::countsMissionDatabases_data()
+{
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<int>("count");
+
+    QTest::newRow("no project folder") << QStringList() << 0;
+    QTest::newRow("only the flight mission database")
+        << QStringList{"Project/7/Vireo_AirLine/Flight_Mission.db"} << 0;
+    QTest::newRow("missions of two users")
+        << QStringList{"Project/7/Vireo_AirLine/a.db", "Project/7/Vireo_AirLine/b.db",
+                       "Project/7/Vireo_AirLine/Flight_Mission.db", "Project/9/Vireo_AirLine/c.db"}
+        << 3;
+    QTest::newRow("other files and folders ignored")
+        << QStringList{"Project/7/Vireo_AirLine/a.db", "Project/7/Vireo_AirLine/a.db-journal",
+                       "Project/7/Vireo_AirLine/notes.txt", "Project/7/Other/x.db", "Project/loose.db"}
+        << 1;
+    QTest::newRow("user without mission folder") << QStringList{"Project/7/readme.txt"} << 0;
+}
+
+void tst_CLmCarrowmereMainWindow::countsMissionDatabases()
+{
+    QFETCH(QStringList, files);
+    QFETCH(int, count);
+    const QString root = CLmControl::GetInstance()->GetAppDataDirectory() + QLatin1Char('/');
+    for (const QString& file : files)
+        Touch(root + file);
+    QCOMPARE(m_pWindow->ComputeDBFileCount(), count);
+}
+
+void tst_CLmCarrowmereMainWindow::pushNotifications_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<bool>("badge");
+    QTest::addColumn<bool>("newMessageIcon");
+    QTest::addColumn<QString>("news");
+
+    QTest::newRow("project shared") << QByteArray(R"({"status":0,"action":"project_share"})") << true << false
+                                    << QString();
+    QTest::newRow("status 1 is ignored") << QByteArray(R"({"status":1,"action":"project_share"})") << false << false
+                                         << QString();
+    QTest::newRow("status 2 is acted on") << QByteArray(R"({"status":2,"action":"pc_assign","message":"m"})") << true
+                                          << false << QString();
+    QTest::newRow("share message lights the envelope")
+        << QByteArray(R"({"status":0,"action":"project_share_message"})") << false << true << QString();
+    QTest::newRow("access request lights the envelope") << QByteArray(R"({"status":0,"action":"apply_ios"})") << false
+                                                        << true << QString();
+    QTest::newRow("news text") << QByteArray(R"({"status":0,"action":"news","message":"Firmware 2.4 is out"})")
+                               << false << false << QStringLiteral("Firmware 2.4 is out");
+    QTest::newRow("unknown action") << QByteArray(R"({"status":0,"action":"reboot"})") << false << false << QString();
+    QTest::newRow("object, marker, array of two handled in order")
+        << QByteArray(R"({"status":0,"action":"news","message":"first"})SWOOLE_SOCKET_FINISH)"
+                      R"([{"status":0,"action":"project_share"},{"status":0,"action":"news","message":"last"}])")
+        << true << false << QStringLiteral("last");
+    QTest::newRow("trailing marker and garbage do nothing")
+        << QByteArray(R"(not json SWOOLE_SOCKET_FINISH)") << false << false << QString();
+}
+
+void tst_CLmCarrowmereMainWindow::pushNotifications()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(bool, badge);
+    QFETCH(bool, newMessageIcon);
+    QFETCH(QString, news);
+
+    Push(text);
+    QCOMPARE(Child<CLmTipPushButton>("m_pBtnProjManager")->IsTipVisible(), badge);
+    const QString envelopeStyle = Child<QPushButton>("m_pBtnMessage")->styleSheet();
+    QCOMPARE(envelopeStyle.contains(QLatin1String("Mymessage_news_ic")), newMessageIcon);
+    QCOMPARE(envelopeStyle.contains(QLatin1String("Mymessage_Nonews_ic")), !newMessageIcon);
+    auto* sysMessage = Child<QPushButton>("m_pBtnSysMessage");
+    QCOMPARE(sysMessage->text(), news);
+    QCOMPARE(sysMessage->testAttribute(Qt::WA_TransparentForMouseEvents), news.isEmpty());
+}
+
+void tst_CLmCarrowmereMainWindow::liftCheckAsksTheUser()
+{
+    QString shown;
+    ModalAnswer::PressWhenShown(QStringLiteral("m_pBtnOk"), &shown);
+    Push(R"({"status":0,"action":"lift_check","message":"Zone CTR-7 is released for you","data":{}})");
+    QVERIFY2(shown.contains(QLatin1String("Zone CTR-7 is released for you")), qPrintable(shown));
+    QVERIFY(shown.contains(QLatin1String("System Information")));
+}
+
+void tst_CLmCarrowmereMainWindow::systemMessageClickNeedsText()
+{
+    auto* mainStack = Child<QStackedWidget>("m_pMainStackedWidget");
+    QWidget* home = mainStack->currentWidget();
+    auto* sysMessage = Child<QPushButton>("m_pBtnSysMessage");
+    sysMessage->click();
+    QCOMPARE(mainStack->currentWidget(), home);
+
+    Push(R"({"status":0,"action":"news","message":"Maintenance tonight"})");
+    QTest::mouseClick(sysMessage, Qt::LeftButton);
+    QCOMPARE(mainStack->currentWidget()->objectName(), QStringLiteral("CLmUserMessagePage"));
+}
+
+void tst_CLmCarrowmereMainWindow::exitAsksForConfirmation_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<bool>("closes");
+    QTest::newRow("confirmed") << "m_pBtnOk" << true;
+    QTest::newRow("cancelled") << "m_pBtnCancel" << false;
+    QTest::newRow("box closed") << "m_pBtnClose" << false;
+}
+
+void tst_CLmCarrowmereMainWindow::exitAsksForConfirmation()
+{
+    QFETCH(QString, button);
+    QFETCH(bool, closes);
+    QString shown;
+    ModalAnswer::PressWhenShown(button, &shown);
+    QTest::mouseClick(Child<QPushButton>("m_pBtnMainWndClose"), Qt::LeftButton);
+    QVERIFY(shown.contains(QLatin1String("Do you want to exit the application?")));
+    if (closes) {
+        QTRY_VERIFY(m_pWindow.isNull());
+        // The window ended the application's event loop; a fresh exec()
+        // clears that, as the next start of the application would.
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QApplication::exec();
+    } else
+        QVERIFY(!m_pWindow.isNull() && m_pWindow->isVisible());
+}
+
+void tst_CLmCarrowmereMainWindow::workerThreadsStartAndStopCleanly()
+{
+    CSkyCloudProcess cloud;
+    QVERIFY(cloud.Start());
+    qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", cloud.BaseUrl());
+    CLmDeployConfig::Reload();
+
+    m_pWindow->ConnectSerialPort();
+    m_pWindow->ConnectUploadData();
+    m_pWindow->TestNetworkConnect();
+    auto* wifi = Child<QPushButton>("m_pBtnNetWorkState");
+    QTRY_VERIFY_WITH_TIMEOUT(wifi->styleSheet().contains(QLatin1String("Home_WiFi_Online_ic")), 8000);
+    QVERIFY(CLmControl::GetInstance()->IsNetWorkConnected());
+    QCOMPARE(Child<QStackedWidget>("m_pHomeStackedWidget")->currentWidget()->objectName(),
+             QStringLiteral("m_pOnlineView"));
+
+    delete m_pWindow;
+    for (const QString& warning : qAsConst(g_warnings))
+        QVERIFY2(!warning.contains(QLatin1String("Destroyed while thread")) && !warning.contains(QLatin1String("Timers")),
+                 qPrintable(warning));
+    CLmControl::GetInstance()->SetNetWorkState(false);
+}
+
+QTEST_MAIN(tst_CLmCarrowmereMainWindow)
+#include "tst_CLmCarrowmereMainWindow.moc"
