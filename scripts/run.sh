@@ -11,9 +11,17 @@ PORT=${SKYCLOUD_PORT:-18080}
 PUSH_PORT=${SKYCLOUD_PUSH_PORT:-18081}
 push_args=()
 "$BUILD_DIR/bin/skycloud" --help 2>/dev/null | grep -q -- '--push-port' && push_args=(--push-port "$PUSH_PORT")
-"$BUILD_DIR/bin/skycloud" --port "$PORT" "${push_args[@]}" --data "$DATA_DIR" &
+cloud_out=$(mktemp)
+"$BUILD_DIR/bin/skycloud" --port "$PORT" "${push_args[@]}" --data "$DATA_DIR" >"$cloud_out" &
 cloud=$!
-trap 'kill $cloud 2>/dev/null; wait $cloud 2>/dev/null' EXIT
+trap 'kill $cloud 2>/dev/null; wait $cloud 2>/dev/null; rm -f "$cloud_out"' EXIT
+# SkyConsole's first look at the network decides its start-up, so the
+# emulator must be listening before the window opens.
+for _ in $(seq 100); do
+  grep -q listening "$cloud_out" && break
+  kill -0 $cloud 2>/dev/null || { echo "skycloud did not start" >&2; exit 1; }
+  sleep 0.1
+done
 export SKYCONSOLE_CLOUD_PRODUCTION_URL="http://127.0.0.1:$PORT"
 export SKYCONSOLE_CLOUD_PUSH_ADDRESS="127.0.0.1:$PUSH_PORT"
 "$BUILD_DIR/bin/skyconsole" "$@"

@@ -14,7 +14,11 @@ ProjectEndpoints::ProjectEndpoints(CloudStore& store, ProjectStore& projects)
 void ProjectEndpoints::Register(httplib::Server& server)
 {
     Route(server, "/project/list", this, &ProjectEndpoints::List);
-    Route(server, "/project/upload", this, &ProjectEndpoints::Upload);
+    server.Get("/project/upload", [this](const httplib::Request& req, httplib::Response& res) { UploadQuery(req, res); });
+    server.Post("/project/upload",
+                [this](const httplib::Request& req, httplib::Response& res, const httplib::ContentReader& reader) {
+                    UploadPosted(req, res, reader);
+                });
     Route(server, "/project/downloadfile", this, &ProjectEndpoints::DownloadFile);
 }
 
@@ -24,14 +28,35 @@ void ProjectEndpoints::List(const httplib::Request& req, httplib::Response& res)
         Envelope::Ok(res, m_projects.List(account->id));
 }
 
-void ProjectEndpoints::Upload(const httplib::Request& req, httplib::Response& res)
+void ProjectEndpoints::UploadPosted(const httplib::Request& req, httplib::Response& res,
+                                    const httplib::ContentReader& reader)
+{
+    std::string body;
+    reader([&body](const char* data, size_t length) {
+        body.append(data, length);
+        return true;
+    });
+    httplib::Params fields;
+    httplib::detail::parse_query_text(body, fields);
+    const auto data = fields.find("data");
+    StoreUpload(req, res, data == fields.end() ? QString() : QString::fromStdString(data->second));
+}
+
+void ProjectEndpoints::UploadQuery(const httplib::Request& req, httplib::Response& res)
+{
+    StoreUpload(req, res, FormFields(req).Value("data"));
+}
+
+void ProjectEndpoints::StoreUpload(const httplib::Request& req, httplib::Response& res, const QString& uploadText)
 {
     const std::optional<Account> account = m_guard.RequireAccount(req, res);
-    const FormFields fields(req);
-    if (!account || !fields.RequireAll({"data"}, res))
+    if (!account)
         return;
-    const ProjectStore::UploadResult result =
-        m_projects.Upload(account->id, DecodeUploadArray(fields.Value("data").toLatin1()));
+    if (uploadText.isEmpty()) {
+        Envelope::Fail(res, 400, QStringLiteral("Missing field: data"));
+        return;
+    }
+    const ProjectStore::UploadResult result = m_projects.Upload(account->id, DecodeUploadArray(uploadText.toLatin1()));
     if (result.error.isEmpty())
         Envelope::Ok(res, result.data);
     else

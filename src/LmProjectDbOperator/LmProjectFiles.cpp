@@ -14,14 +14,6 @@ bool IsUnsafeChar(QChar c)
     return c == QLatin1Char('/') || c == QLatin1Char('\\') || c.category() == QChar::Other_Control;
 }
 
-bool IsOnlyDots(const QString& name)
-{
-    for (QChar c : name) {
-        if (c != QLatin1Char('.'))
-            return false;
-    }
-    return true;
-}
 
 }  // namespace
 
@@ -56,7 +48,7 @@ QString SafeProjectName(const QString& projectName)
     }
     while (name.endsWith(QLatin1Char(' ')))
         name.chop(1);
-    if (IsOnlyDots(name))
-        name.prepend(QLatin1Char('_'));
-    return name;
+    for (int i = 0; i < name.size() && name.at(i) == QLatin1Char('.'); ++i)
+        name[i] = QLatin1Char('_');
+    return name.isEmpty() ? QStringLiteral("_") : name;
 }

@@ -15,8 +15,8 @@ QByteArray DecodeUploadArray(const QByteArray& uploadText);
 // is free, else fileName followed by "(1)", "(2)", ... .
 QString CreateUniqueFileName(const QString& dirPath, const QString& fileName);
 
-// A project name made safe to use as one folder or file name: path separators
-// and control characters become "_", trailing blanks are removed, and a name
-// that is empty or only dots becomes "_" followed by it, so it can never name
-// the parent or the folder itself.
+// A project name made safe to use as one folder or file name: path separators,
+// control characters and leading dots become "_" (so it can never name the
+// parent, the folder itself or a hidden folder the scan would miss), trailing
+// blanks are removed, and an empty name becomes "_".
 QString SafeProjectName(const QString& projectName);

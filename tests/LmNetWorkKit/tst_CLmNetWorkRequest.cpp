@@ -1,4 +1,5 @@
 #include "CLmNetWorkRequest.h"
+#include "CCannedHttpPeer.h"
 #include "CSkyCloudProcess.h"
 
 #include <QJsonDocument>
@@ -6,38 +7,9 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTcpServer>
-#include <QTcpSocket>
 #include <QTest>
 
 namespace {
-
-// A peer that answers every connection with the same raw bytes and then
-// closes, or never answers at all: the faults a real service shows.
-class CannedPeer : public QTcpServer
-{
-public:
-    explicit CannedPeer(QByteArray answer, bool answers = true)
-        : m_answer(std::move(answer))
-        , m_bAnswers(answers)
-    {
-        listen(QHostAddress::LocalHost, 0);
-        connect(this, &QTcpServer::newConnection, this, [this] {
-            QTcpSocket* socket = nextPendingConnection();
-            if (!m_bAnswers)
-                return;  // keeps the connection open and silent
-            connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
-                socket->readAll();
-                socket->write(m_answer);
-                socket->disconnectFromHost();
-            });
-        });
-    }
-    QByteArray Url() const { return "http://127.0.0.1:" + QByteArray::number(serverPort()) + "/user/profile"; }
-
-private:
-    QByteArray m_answer;
-    bool m_bAnswers;
-};
 
 enum class Outcome { Succeeded, Failed, Unreachable };
 
@@ -165,8 +137,8 @@ void tst_CLmNetWorkRequest::faultyPeers()
     QFETCH(Outcome, outcome);
     QFETCH(QByteArray, body);
 
-    CannedPeer peer(answer);
-    const Result result = Send(peer.Url(), "phone=1");
+    CCannedHttpPeer peer(answer);
+    const Result result = Send(peer.BaseUrl() + "/user/profile", "phone=1");
     QCOMPARE(result.outcome, outcome);
     QVERIFY(result.deleted);
     if (outcome == Outcome::Succeeded)
@@ -190,10 +162,10 @@ void tst_CLmNetWorkRequest::refusedConnectionIsNetworkError()
 
 void tst_CLmNetWorkRequest::silentPeerTimesOut()
 {
-    CannedPeer silent({}, false);
+    CCannedHttpPeer silent({}, false);
     QElapsedTimer clock;
     clock.start();
-    const Result result = Send(silent.Url(), {}, {}, 300);
+    const Result result = Send(silent.BaseUrl() + "/user/profile", {}, {}, 300);
     QCOMPARE(result.outcome, Outcome::Unreachable);
     QVERIFY(clock.elapsed() < 10000);
 }

@@ -23,10 +23,12 @@ void tst_LmProjectFiles::safeName_data()
     QTest::addColumn<QString>("expected");
     QTest::newRow("plain") << "Survey A" << "Survey A";
     QTest::newRow("trailing blanks") << "Survey A   " << "Survey A";
-    QTest::newRow("slash") << "../../etc/passwd" << ".._.._etc_passwd";
-    QTest::newRow("backslash") << "..\\..\\Windows" << ".._.._Windows";
-    QTest::newRow("parent") << ".." << "_..";
-    QTest::newRow("self") << "." << "_.";
+    QTest::newRow("slash") << "../../etc/passwd" << "___.._etc_passwd";
+    QTest::newRow("backslash") << "..\\..\\Windows" << "___.._Windows";
+    QTest::newRow("parent") << ".." << "__";
+    QTest::newRow("self") << "." << "_";
+    QTest::newRow("hidden") << ".config" << "_config";
+    QTest::newRow("inner dots kept") << "v1.2..final" << "v1.2..final";
     QTest::newRow("empty") << "" << "_";
     QTest::newRow("only blanks") << "   " << "_";
     QTest::newRow("control characters") << QStringLiteral("a\nb\tc\x01") << "a_b_c_";

@@ -21,9 +21,12 @@ QString VisibleTexts(const QWidget* widget)
 
 namespace {
 
-void PollForModal(const QString& buttonObjectName, QString* seenText, QDeadlineTimer deadline)
+void PollForModal(const QString& buttonObjectName, QString* seenText, QDeadlineTimer deadline,
+                  const char* dialogClass)
 {
     QWidget* modal = QApplication::activeModalWidget();
+    if (modal && dialogClass && !modal->inherits(dialogClass))
+        modal = nullptr;
     QAbstractButton* button = modal ? modal->findChild<QAbstractButton*>(buttonObjectName) : nullptr;
     if (button && button->isVisible()) {
         if (seenText)
@@ -33,15 +36,15 @@ void PollForModal(const QString& buttonObjectName, QString* seenText, QDeadlineT
     }
     if (deadline.hasExpired())
         return;
-    QTimer::singleShot(10, [=] { PollForModal(buttonObjectName, seenText, deadline); });
+    QTimer::singleShot(10, [=] { PollForModal(buttonObjectName, seenText, deadline, dialogClass); });
 }
 
 }  // namespace
 
-void PressWhenShown(const QString& buttonObjectName, QString* seenText, int timeoutMs)
+void PressWhenShown(const QString& buttonObjectName, QString* seenText, int timeoutMs, const char* dialogClass)
 {
     const QDeadlineTimer deadline(timeoutMs);
-    QTimer::singleShot(0, [=] { PollForModal(buttonObjectName, seenText, deadline); });
+    QTimer::singleShot(0, [=] { PollForModal(buttonObjectName, seenText, deadline, dialogClass); });
 }
 
 }  // namespace ModalAnswer

@@ -9,9 +9,11 @@ class QWidget;
 // the code that opens the dialog, because exec() does not return until then.
 namespace ModalAnswer {
 
-// Presses objectName in the next modal widget; records its texts in *seenText
-// (all labels joined by newlines) when seenText is given.
-void PressWhenShown(const QString& buttonObjectName, QString* seenText = nullptr, int timeoutMs = 5000);
+// Presses objectName in the next modal widget (of the given class, when one
+// is named); records its texts in *seenText (all labels joined by newlines)
+// when seenText is given.
+void PressWhenShown(const QString& buttonObjectName, QString* seenText = nullptr, int timeoutMs = 5000,
+                    const char* dialogClass = nullptr);
 
 // The texts of every QLabel in the widget, joined by newlines.
 QString VisibleTexts(const QWidget* widget);

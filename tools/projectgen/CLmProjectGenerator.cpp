@@ -12,6 +12,12 @@
 
 namespace {
 
+// Generated files are disposable: skip the waits for the disk.
+bool OpenForWriting(CLmDataBase& db)
+{
+    return db.Open() && db.Exec(QStringLiteral("PRAGMA synchronous = OFF"));
+}
+
 QString TimeText(const QDateTime& time)
 {
     return time.toString(QLatin1String(DateTimeSFormat));
@@ -47,7 +53,7 @@ QString CLmProjectGenerator::WriteProject(const QString& folder, const SOptions&
 bool CLmProjectGenerator::WriteProjectDatabase(const QString& filePath, const SOptions& options)
 {
     CLmDataBase db(filePath);
-    if (!db.Open() || !CLmProjectSchema::CreateProjectTables(db) || !db.Database().transaction())
+    if (!OpenForWriting(db) || !CLmProjectSchema::CreateProjectTables(db) || !db.Database().transaction())
         return false;
     const QString created = TimeText(options.updatedAt.addDays(-3));
     bool ok = db.Exec(QStringLiteral("INSERT OR REPLACE INTO %1 (id, project_name, user_id, created_at, updated_at,"
@@ -76,7 +82,7 @@ bool CLmProjectGenerator::WriteProjectDatabase(const QString& filePath, const SO
 bool CLmProjectGenerator::WriteMissionDatabase(const QString& filePath, const SOptions& options)
 {
     CLmDataBase db(filePath);
-    if (!db.Open() || !CLmProjectSchema::CreateMissionTables(db) || !db.Database().transaction())
+    if (!OpenForWriting(db) || !CLmProjectSchema::CreateMissionTables(db) || !db.Database().transaction())
         return false;
     bool ok = true;
     for (int mission = 0; ok && mission < options.iMissions; ++mission) {

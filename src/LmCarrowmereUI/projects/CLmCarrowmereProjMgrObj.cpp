@@ -15,12 +15,10 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QLoggingCategory>
 #include <QSqlQuery>
-#include <QSet>
 #include <QTemporaryFile>
-
-#include <limits>
 
 #include <filesystem>
 #include <system_error>
@@ -28,41 +26,6 @@
 Q_LOGGING_CATEGORY(lcProjSynch, "sky.ui.projectsynch")
 
 namespace {
-
-// Seconds of a DateTimeSFormat text; texts in another shape are read with
-// QDateTime and an unreadable one counts as the earliest time. The fixed
-// format is read by hand because QDateTime::fromString is slow enough to
-// dominate the comparison of large lists.
-qint64 SecondsOf(const QString& text)
-{
-    static const auto digits = [](const QString& s, int pos, int count, int& value) {
-        value = 0;
-        for (int i = pos; i < pos + count; ++i) {
-            const int d = s.at(i).digitValue();
-            if (d < 0 || d > 9)
-                return false;
-            value = value * 10 + d;
-        }
-        return true;
-    };
-    int y, mo, d, h, mi, s;
-    if (text.size() == 19 && digits(text, 0, 4, y) && digits(text, 5, 2, mo) && digits(text, 8, 2, d)
-        && digits(text, 11, 2, h) && digits(text, 14, 2, mi) && digits(text, 17, 2, s)) {
-        const QDate date(y, mo, d);
-        if (date.isValid() && h < 24 && mi < 60 && s < 60)
-            return date.toJulianDay() * 86400 + h * 3600 + mi * 60 + s;
-    }
-    const QDateTime parsed = QDateTime::fromString(text, QLatin1String(DateTimeSFormat));
-    return parsed.isValid() ? QDate(parsed.date()).toJulianDay() * 86400 + parsed.time().msecsSinceStartOfDay() / 1000
-                            : std::numeric_limits<qint64>::min();
-}
-
-QString WithoutTrailingBlanks(QString text)
-{
-    while (text.endsWith(QLatin1Char(' ')))
-        text.chop(1);
-    return text;
-}
 
 int Percent(qlonglong current, qlonglong total)
 {
@@ -84,11 +47,6 @@ void RemoveFromQueue(QList<SProjInfor>& queue, const QString& projId)
             return;
         }
     }
-}
-
-QString IdText(const QJsonValue& value)
-{
-    return value.isDouble() ? QString::number(value.toVariant().toLongLong()) : value.toString();
 }
 
 }  // namespace
@@ -327,66 +285,35 @@ void CLmCarrowmereProjMgrObj::slotDownLoadProjectListFinished()
         Q_EMIT SynchProjMsg(SynchProMsgListError, tr("Reading project list error."));
         return;
     }
-    const QJsonArray cloudProjects = data.toArray();
-    QSet<QString> cloudIds;
-    cloudIds.reserve(cloudProjects.size());
-    for (const QJsonValue& cloud : cloudProjects)
-        cloudIds.insert(IdText(cloud.toObject().value(QStringLiteral("id"))));
-    for (SProjInfor& local : m_mapLocalProj) {
-        if (!cloudIds.contains(local.strProjID))
-            EnqueueUpload(local);
-    }
-    for (const QJsonValue& cloud : cloudProjects)
-        ClassifyCloudProject(cloud.toObject());
+    const QVector<CLmProjClassifier::SDecision> decisions = CLmProjClassifier::Classify(
+        m_mapLocalProj, data.toArray(), CLmControl::GetInstance()->GetProjectDirPath());
+    for (const CLmProjClassifier::SDecision& decision : decisions)
+        Report(decision);
     Q_EMIT SynchProjMsg(SynchProMsgListFinished, tr("Read project list finished"));
 }
 
-void CLmCarrowmereProjMgrObj::ClassifyCloudProject(const QJsonObject& cloud)
+void CLmCarrowmereProjMgrObj::Report(const CLmProjClassifier::SDecision& decision)
 {
-    const QString projId = IdText(cloud.value(QStringLiteral("id")));
-    const QString cloudTime = cloud.value(QStringLiteral("updated_at")).toString();
-    const int cloudMissions = cloud.value(QStringLiteral("flight_mission_count")).toVariant().toString().toInt();
-    const auto local = m_mapLocalProj.find(projId);
-    if (local == m_mapLocalProj.end()) {
-        SProjInfor info;
-        info.strProjName = WithoutTrailingBlanks(cloud.value(QStringLiteral("project_name")).toString());
-        info.strUpdateTime = cloudTime;
-        info.strProjID = projId;
-        info.strProjPath = CLmControl::GetInstance()->GetProjectDirPath() + QLatin1Char('/') + info.strProjName;
-        info.iMissionCount = cloudMissions;
-        info.iSynchState = SynchStateCloudOnly;
-        Q_EMIT LocalProjInfor(info);
+    switch (decision.eAction) {
+    case CLmProjClassifier::ActionUpload:
+        m_listUpload.append(decision.info);
+        Q_EMIT NeedUploadInfo(decision.info);
+        break;
+    case CLmProjClassifier::ActionCloudOnly:
+        Q_EMIT LocalProjInfor(decision.info);
         // Nothing local to read the survey areas from yet.
-        Q_EMIT LocalBlockCity(projId, QStringList());
-        EnqueueDownload(info, SynchStateCloudOnly);
-        return;
+        Q_EMIT LocalBlockCity(decision.info.strProjID, QStringList());
+        m_listDownload.append(decision.info);
+        Q_EMIT NeedDownloadInfo(decision.info);
+        break;
+    case CLmProjClassifier::ActionDownload:
+        m_listDownload.append(decision.info);
+        Q_EMIT NeedDownloadInfo(decision.info);
+        break;
+    case CLmProjClassifier::ActionInStep:
+        Q_EMIT UpdateProjInfo(decision.info);
+        break;
     }
-    const qint64 localSeconds = SecondsOf(local->strUpdateTime);
-    const qint64 cloudSeconds = local->strUpdateTime == cloudTime ? localSeconds : SecondsOf(cloudTime);
-    if (localSeconds < cloudSeconds) {
-        local->iMissionCount = cloudMissions;
-        EnqueueDownload(*local, SynchStateNeedDownload);
-    } else if (cloudSeconds < localSeconds) {
-        EnqueueUpload(*local);
-    } else {
-        local->iSynchState = SynchStateInStep;
-        local->iMissionCount = cloudMissions;
-        Q_EMIT UpdateProjInfo(*local);
-    }
-}
-
-void CLmCarrowmereProjMgrObj::EnqueueDownload(SProjInfor& info, int state)
-{
-    info.iSynchState = state;
-    m_listDownload.append(info);
-    Q_EMIT NeedDownloadInfo(info);
-}
-
-void CLmCarrowmereProjMgrObj::EnqueueUpload(SProjInfor& info)
-{
-    info.iSynchState = SynchStateNeedUpload;
-    m_listUpload.append(info);
-    Q_EMIT NeedUploadInfo(info);
 }
 
 // ---- download queue ----------------------------------------------------------------

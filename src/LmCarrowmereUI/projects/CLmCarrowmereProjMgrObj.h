@@ -1,10 +1,9 @@
 #pragma once
 
+#include "CLmProjClassifier.h"
 #include "LmProjSynchTypes.h"
 
 #include <QByteArray>
-#include <QHash>
-#include <QJsonObject>
 #include <QList>
 #include <QMap>
 #include <QObject>
@@ -75,9 +74,7 @@ private:
     // Cloud list and classification.
     void RequestProjectList();
     bool CanReachCloud() const;
-    void ClassifyCloudProject(const QJsonObject& cloud);
-    void EnqueueDownload(SProjInfor& info, int state);
-    void EnqueueUpload(SProjInfor& info);
+    void Report(const CLmProjClassifier::SDecision& decision);
 
     // Queues.
     void StartDownloadQueue();

@@ -12,12 +12,14 @@
 #include "CLmLinkProvide.h"
 #include "CLmMessageBox.h"
 #include "CLmNetWorkGlobal.h"
+#include "CLmNetWorkRequest.h"
 #include "CLmProjMgrWgt.h"
 #include "CLmShareNotifier.h"
 #include "CLmUAVConnectObj.h"
 #include "CLmUasProvide.h"
 #include "CLmUsbDeviceLink.h"
 #include "CLmUserMessagePage.h"
+#include "LmCloudPaths.h"
 #include "LmConstants.h"
 #include "LmUsbDiskText.h"
 #include "mavlink_message_t.h"
@@ -41,6 +43,9 @@ const char kIconExit[] = ":/images/Normal/Home/HomeFilebut_receive_ic.png";
 const char kIconExclamation[] = ":/images/Normal/Exclamation_mark.png";
 const char kIconOffNetwork[] = ":/images/Normal/userinfo/off_network_ico.png";
 const char kIconNotFound[] = ":/images/Normal/Home/HomeFile_share_no_ic.png";
+
+// The account check at start-up waits this long for the service.
+constexpr int kAccountCheckTimeoutMs = 10000;
 
 // A parachute count above this asks the crew to check the parachute.
 constexpr int kParachuteNoticeThreshold = 80;
@@ -432,6 +437,7 @@ void CLmCarrowmereMainWindow::slotNetWorkStateRet(bool bOnline)
     m_threadNetWork.quit();
     m_threadNetWork.wait();
     m_bFirstNetWorkAnswer = true;
+    ValidAccoutState();
     if (bOnline) {
         m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUi->m_pHomePage);
         m_pUi->m_pHomeStackedWidget->setCurrentWidget(m_pUi->m_pOnlineView);
@@ -522,8 +528,83 @@ void CLmCarrowmereMainWindow::slotUserLogin()
         OpenLoginDialog();
         return;
     }
-    m_pUserMessagePage->ShowProfileView(QByteArray());
+    CLmNetWorkRequest* request = NewProfileRequest();
+    connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmCarrowmereMainWindow::slotUserProRet);
+    request->PostNetWorkReplyMessage();
+}
+
+CLmNetWorkRequest* CLmCarrowmereMainWindow::NewProfileRequest()
+{
+    auto* request = new CLmNetWorkRequest;
+    connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmCarrowmereMainWindow::slotAccountFailed);
+    connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmCarrowmereMainWindow::slotAccountFailed);
+    request->SetRawHeader("token", GetCurUserInfo().strToken.toUtf8());
+    request->SetUrl(GetServerIP() + LmCloudPath::UserProfile);
+    return request;
+}
+
+void CLmCarrowmereMainWindow::slotUserProRet(const QByteArray& reply)
+{
+    m_pUserMessagePage->ShowProfileView(reply);
     m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUserMessagePage);
+    m_pUserMessagePage->show();
+}
+
+bool CLmCarrowmereMainWindow::ValidAccoutState()
+{
+    const SLmUserInfo user = GetCurUserInfo();
+    if (user.strToken.isEmpty()) {
+        m_pUi->m_pLabelUserName->setText(tr("Please Login"));
+        return false;
+    }
+    if (CLmControl::GetInstance()->IsNetWorkConnected()) {
+        CLmNetWorkRequest* request = NewProfileRequest();
+        connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmCarrowmereMainWindow::slotAccountState);
+        request->SetNetWorkReplyTimeout(kAccountCheckTimeoutMs);
+        request->PostNetWorkReplyMessage();
+        return true;
+    }
+    SetLoginUserInfo();
+    return true;
+}
+
+void CLmCarrowmereMainWindow::slotAccountState()
+{
+    SetLoginUserInfo();
+}
+
+void CLmCarrowmereMainWindow::slotAccountFailed()
+{
+    CLmMessageBox box(tr(" Failed to get user information."), QLatin1String(kIconOffNetwork), tr("SkyConsole"),
+                      CLmMessageBox::BtnOk, this);
+    box.exec();
+    CLmCarrowmereLoginDialog dialog(this, false);
+    connect(&dialog, &CLmCarrowmereLoginDialog::LoginAccept, this, &CLmCarrowmereMainWindow::slotAcceptLogin);
+    if (dialog.exec() == QDialog::Accepted)
+        return;
+    ClearStoredSession();
+}
+
+void CLmCarrowmereMainWindow::ClearStoredSession()
+{
+    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
+    settings.beginGroup(QLatin1String(UserInfoGroupName));
+    settings.setValue(QStringLiteral("AutoLogin"), false);
+    settings.setValue(QLatin1String(UserInfoToken), QString());
+    settings.setValue(QLatin1String(UserInfoNickName), QString());
+    settings.setValue(QLatin1String(UserInfoUserID), QString());
+    settings.setValue(QStringLiteral("PWD"), QString());
+    settings.endGroup();
+}
+
+void CLmCarrowmereMainWindow::slotShowAccountInfo()
+{
+    if (!CLmControl::GetInstance()->IsNetWorkConnected()) {
+        ShowNetworkFault();
+        return;
+    }
+    if (IsLogin())
+        OpenLoginDialog();
 }
 
 QString CLmCarrowmereMainWindow::ParentOfApplicationDirectory() const

@@ -23,6 +23,7 @@ class CLmLinkManager;
 class CLmLinkProvide;
 class CLmFlightDataDbOperator;
 class CLmMessageBox;
+class CLmNetWorkRequest;
 class CLmNetWorkGlobal;
 class CLmUsbDeviceLink;
 class CLmUasProvide;
@@ -38,6 +39,7 @@ public:
     ~CLmCarrowmereMainWindow() override;
 
     bool IsLogin();
+    bool ValidAccoutState();
 
     int ComputeDBFileCount();
     void ConnectSerialPort();
@@ -64,6 +66,8 @@ private:
     void ResponseJsonObject(const QJsonObject& obj);
     void ShowNewMessageIcon();
     void SetLoginUserInfo();
+    void ClearStoredSession();
+    CLmNetWorkRequest* NewProfileRequest();
     void SetAccountButtonsEnabled(bool bEnabled);
     void OpenLoginDialog();
     void ShowNetworkFault();
@@ -81,6 +85,10 @@ private Q_SLOTS:
     void slotUpdateUserInfo();
     void slotUserLogin();
     void slotAcceptLogin();
+    void slotUserProRet(const QByteArray& reply);
+    void slotAccountState();
+    void slotAccountFailed();
+    void slotShowAccountInfo();
     void slotAppBtnClicked();
     void slotCloudBtnClicked();
     void slotHelpBtnClicked();

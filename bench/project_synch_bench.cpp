@@ -1,0 +1,163 @@
+// Figures of the project synchronisation: the local scan against the cost of
+// merely opening the same databases, and the classification of large lists.
+#include "CLmCarrowmereProjMgrObj.h"
+#include "CLmControl.h"
+#include "CLmProjClassifier.h"
+#include "CLmProjectGenerator.h"
+#include "LmConstants.h"
+#include "LmProjectConstants.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSettings>
+#include <QSqlDatabase>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int ScanProjects = 2000;
+constexpr int MissionsPerProject = 10;
+constexpr int ClassifiedProjects = 10000;
+
+QString TimeText(const QDateTime& time)
+{
+    return time.toString(QLatin1String(DateTimeSFormat));
+}
+
+bool GenerateProjects(const QString& root)
+{
+    const QDateTime base = QDateTime::fromString(QStringLiteral("2026-01-01 08:00:00"), QLatin1String(DateTimeSFormat));
+    for (int i = 0; i < ScanProjects; ++i) {
+        CLmProjectGenerator::SOptions options;
+        options.strProjID = QStringLiteral("bench-%1").arg(i);
+        options.strProjName = QStringLiteral("Bench %1").arg(i, 5, 10, QLatin1Char('0'));
+        options.strUserID = QStringLiteral("1");
+        options.updatedAt = base.addSecs(i * 60);
+        options.iMissions = MissionsPerProject;
+        options.iFlownMissions = 6;
+        options.iLogRowsPerFlight = 5;
+        options.dHomeLat = 20.0 + (i % 40);
+        options.dHomeLng = 80.0 + (i % 50);
+        if (CLmProjectGenerator::WriteProject(root + QLatin1Char('/') + options.strProjName, options).isEmpty())
+            return false;
+    }
+    return true;
+}
+
+double OpenCloseFloorMs(const QString& root)
+{
+    QStringList files;
+    QDirIterator it(root, {QLatin1String(ProjectFileFilter)}, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        files.append(it.next());
+    QElapsedTimer timer;
+    timer.start();
+    for (const QString& file : qAsConst(files)) {
+        {
+            QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("floor"));
+            db.setDatabaseName(file);
+            db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+            db.open();
+            db.close();
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("floor"));
+    }
+    return timer.nsecsElapsed() / 1e6;
+}
+
+double ScanMs(int* projectsFound)
+{
+    CLmCarrowmereProjMgrObj engine;
+    int found = 0;
+    QObject::connect(&engine, &CLmCarrowmereProjMgrObj::LocalProjInfor, [&found](const SProjInfor&) { ++found; });
+    QElapsedTimer timer;
+    timer.start();
+    // Signed out: the read scans the store and stops before the cloud.
+    engine.slotReadAllPrject();
+    const double ms = timer.nsecsElapsed() / 1e6;
+    *projectsFound = found;
+    return ms;
+}
+
+double ClassifyMs()
+{
+    const QDateTime base = QDateTime::fromString(QStringLiteral("2026-01-01 08:00:00"), QLatin1String(DateTimeSFormat));
+    QMap<QString, SProjInfor> local;
+    QJsonArray cloud;
+    for (int i = 0; i < ClassifiedProjects; ++i) {
+        SProjInfor info;
+        info.strProjID = QStringLiteral("id-%1").arg(i, 6, 10, QLatin1Char('0'));
+        info.strProjName = QStringLiteral("Project %1").arg(i);
+        info.strUpdateTime = TimeText(base.addSecs(i));
+        local.insert(info.strProjID, info);
+        // A quarter each: in step, cloud later, cloud earlier, cloud only.
+        const int kind = i % 4;
+        const QString cloudId = kind == 3 ? QStringLiteral("cloud-%1").arg(i) : info.strProjID;
+        const QDateTime cloudTime = base.addSecs(i + (kind == 1 ? 30 : kind == 2 ? -30 : 0));
+        cloud.append(QJsonObject{{"id", cloudId},
+                                 {"project_name", QString(info.strProjName + QStringLiteral("  "))},
+                                 {"updated_at", TimeText(cloudTime)},
+                                 {"flight_mission_count", 10}});
+    }
+    const QByteArray reply = QJsonDocument(QJsonObject{{"status", 0}, {"data", cloud}}).toJson();
+
+    QElapsedTimer timer;
+    timer.start();
+    const QJsonArray parsed = QJsonDocument::fromJson(reply).object().value(QStringLiteral("data")).toArray();
+    const QVector<CLmProjClassifier::SDecision> decisions =
+        CLmProjClassifier::Classify(local, parsed, QStringLiteral("/projects"));
+    const double ms = timer.nsecsElapsed() / 1e6;
+    if (decisions.size() != ClassifiedProjects + ClassifiedProjects / 4)
+        std::fprintf(stderr, "project_synch_bench: unexpected decision count %d\n", decisions.size());
+    return ms;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[])
+{
+    // Everything the engine touches lives in a throw-away home.
+    QTemporaryDir home;
+    qputenv("HOME", QFile::encodeName(home.path()));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
+    QCoreApplication app(argc, argv);
+    {
+        // Pilot 1 owns the generated projects; no token keeps the cloud out.
+        QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
+        settings.setValue(QLatin1String(UserInfoGroupName) + QLatin1Char('/') + QLatin1String(UserInfoUserID),
+                          QStringLiteral("1"));
+    }
+
+    const QString root = CLmControl::GetInstance()->GetProjectDirPath();
+    if (!GenerateProjects(root)) {
+        std::fprintf(stderr, "project_synch_bench: cannot generate projects\n");
+        return 1;
+    }
+    // Warm the file cache and the city table so both runs start alike.
+    OpenCloseFloorMs(root);
+    int found = 0;
+    ScanMs(&found);
+
+    const double floorMs = OpenCloseFloorMs(root);
+    const double scanMs = ScanMs(&found);
+    if (found != ScanProjects) {
+        std::fprintf(stderr, "project_synch_bench: the scan found %d of %d projects\n", found, ScanProjects);
+        return 1;
+    }
+    const double classifyMs = ClassifyMs();
+
+    std::printf("project_open_close_floor_%d: %.1f ms (baseline)\n", ScanProjects, floorMs);
+    std::printf("project_local_scan_%dx%d: %.1f ms = %.2fx floor (target <= 3x floor)\n", ScanProjects,
+                MissionsPerProject, scanMs, scanMs / floorMs);
+    std::printf("project_classify_%dx%d: %.1f ms (target <= 100 ms)\n", ClassifiedProjects, ClassifiedProjects,
+                classifyMs);
+    return scanMs <= 3 * floorMs && classifyMs <= 100 ? 0 : 1;
+}

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "CLmMavlinkEncoder.h"
+#include "CLmMavlinkParser.h"
+#include "SimCommandGate.h"
+#include "SimLogStore.h"
+#include "SimLogStreamer.h"
+#include "SimOptions.h"
+#include "SimParameters.h"
+#include "SimStatusReports.h"
+#include "SimTransport.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+
+
+
+// The emulated autopilot: its state (parameters, logs, parachute counters,
+// status stream) and its answers to everything a ground station sends.
+class SimVehicle : public QObject
+{
+    Q_OBJECT
+public:
+    static constexpr uint8_t COMPONENT_ID = 1;
+
+    SimVehicle(const SimOptions& options, SimTransport& transport, QObject* parent = nullptr);
+
+    // Starts the 1 Hz heartbeat and system status.
+    void start();
+
+private:
+    struct SCommandOutcome {
+        uint8_t result;
+        std::function<void()> reply; // sent after the COMMAND_ACK, only when accepted
+    };
+
+    template <typename TMessage>
+    void send(const TMessage& message)
+    {
+        m_transport.send(m_encoder.encode(message));
+    }
+
+    void receiveBytes(const QByteArray& bytes);
+    void dispatch(const mavlink_message_t& message);
+    bool isForMe(uint8_t targetSystem) const;
+    void noticeGroundStation(uint8_t systemId);
+
+    void sendHeartbeatAndSystemStatus();
+    bool heartbeatsSilenced() const;
+    void announceIdentity();
+    void sendStatusStream();
+    void setStatusInterval(double intervalUs);
+
+    void handleCommandLong(const mavlink_message_t& message);
+    SCommandOutcome runCommand(uint16_t command, const float (&params)[7]);
+    SCommandOutcome requestMessage(uint32_t msgid);
+    SCommandOutcome setMessageInterval(uint32_t msgid, double intervalUs);
+    SCommandOutcome parachute(int action);
+    void sendBatteryStatus();
+    void sendSmartBatteryInfo();
+    void sendParachuteNotice();
+
+    void handleParamRequestList(const mavlink_message_t& message);
+    void handleParamRequestRead(const mavlink_message_t& message);
+    void handleParamSet(const mavlink_message_t& message);
+    void sendParameter(int index);
+
+    void handleLogRequestList(const mavlink_message_t& message);
+    void handleLogRequestData(const mavlink_message_t& message);
+    void handleLogRequestEnd(const mavlink_message_t& message);
+    void handleLogErase(const mavlink_message_t& message);
+
+    void handleParachuteCountRequest(const mavlink_message_t& message);
+    void handleRopeReset(const mavlink_message_t& message);
+
+    SimOptions m_options;
+    SimTransport& m_transport;
+    CLmMavlinkEncoder m_encoder;
+    CLmMavlinkParser m_parser;
+    SimStatusReports m_reports;
+    SimParameters m_parameters;
+    SimLogStore m_logs;
+    SimLogStreamer m_logStreamer;
+    SimCommandGate m_commandGate;
+
+    QElapsedTimer m_uptime;
+    QTimer m_heartbeatTimer;
+    QTimer m_statusTimer;
+    int m_groundSystemId = -1;
+    uint32_t m_parachuteOpenCount;
+    uint32_t m_parachuteCountAtRopeReset = 0;
+};
