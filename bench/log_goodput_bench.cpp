@@ -121,7 +121,7 @@ private:
 // Starts skysim next to this binary and returns its UDP port, 0 on failure.
 quint16 startAircraft(QProcess& process, quint16 groundPort)
 {
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.setStandardErrorFile(QProcess::nullDevice());
     process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/skysim"),
                   {QStringLiteral("--udp"), QStringLiteral("127.0.0.1:%1").arg(groundPort),
                    QStringLiteral("--link-rate"), QString::number(LINK_RATE), QStringLiteral("--logs"),

@@ -215,16 +215,16 @@ SBatteryStatus SimStatusReports::batteryStatus(int index) const
 
 SSmartBatteryInfo SimStatusReports::smartBatteryInfo(int index) const
 {
-    const int32_t specified = isFixedWing() ? FIXED_WING_CAPACITY_MAH : MULTIROTOR_CAPACITY_MAH;
+    const int32_t ratedCapacity = isFixedWing() ? FIXED_WING_CAPACITY_MAH : MULTIROTOR_CAPACITY_MAH;
     SSmartBatteryInfo message;
     message.id = static_cast<uint8_t>(index);
     message.battery_function = MAV_BATTERY_FUNCTION_ALL;
     message.type = MAV_BATTERY_TYPE_LIPO;
-    message.capacity_full_specification = specified;
-    message.capacity_full = specified * (95 - index * 3) / 100;
+    message.capacity_full_specification = ratedCapacity;
+    message.capacity_full = ratedCapacity * (95 - index * 3) / 100;
     message.cycle_count = static_cast<uint16_t>(87 + index * 13);
     setFieldText(message.serial_number, QByteArrayLiteral("BAT") + serialNumber().mid(3) + QByteArray::number(index + 1));
-    setFieldText(message.device_name, QByteArray::number(cellsPerBattery()) + "S " + QByteArray::number(specified)
+    setFieldText(message.device_name, QByteArray::number(cellsPerBattery()) + "S " + QByteArray::number(ratedCapacity)
                                      + " mAh smart battery");
     message.cells_in_series = static_cast<uint8_t>(cellsPerBattery());
     message.discharge_minimum_voltage = 3300;

@@ -16,8 +16,6 @@
 
 #include <functional>
 
-
-
 // The emulated autopilot: its state (parameters, logs, parachute counters,
 // status stream) and its answers to everything a ground station sends.
 class SimVehicle : public QObject

@@ -1,26 +1,16 @@
 #include "CLmNetWorkRequest.h"
 
+#include "CLmHttpSender.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLoggingCategory>
-#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
-#include <QThreadStorage>
-#include <QTimer>
 
 Q_LOGGING_CATEGORY(lcRequest, "sky.network.request")
 
 namespace {
-
-// One access manager per thread: it must live in the thread that uses it.
-QNetworkAccessManager* ThreadAccessManager()
-{
-    static QThreadStorage<QNetworkAccessManager*> storage;
-    if (!storage.hasLocalData())
-        storage.setLocalData(new QNetworkAccessManager);
-    return storage.localData();
-}
 
 bool IsUnreachable(QNetworkReply::NetworkError error)
 {
@@ -99,18 +89,7 @@ void CLmNetWorkRequest::SetNetWorkReplyTimeout(int ms)
 
 void CLmNetWorkRequest::PostNetWorkReplyMessage()
 {
-    QNetworkRequest request(QUrl::fromEncoded(m_url));
-    for (const auto& header : qAsConst(m_headers))
-        request.setRawHeader(header.first, header.second);
-    request.setTransferTimeout(m_iTimeoutMs);
-
-    QNetworkAccessManager* manager = ThreadAccessManager();
-    if (m_bHasBody) {
-        request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/x-www-form-urlencoded"));
-        m_pReply = manager->post(request, m_body);
-    } else {
-        m_pReply = manager->get(request);
-    }
+    m_pReply = CLmHttpSender::Send(m_url, m_headers, m_iTimeoutMs, m_bHasBody ? &m_body : nullptr);
     connect(m_pReply, &QNetworkReply::finished, this, &CLmNetWorkRequest::slotReplyFinished);
 }
 

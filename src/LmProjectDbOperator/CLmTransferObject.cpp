@@ -1,24 +1,15 @@
 #include "CLmTransferObject.h"
 
+#include "CLmHttpSender.h"
+
 #include <QJsonDocument>
 #include <QLoggingCategory>
-#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
-#include <QThreadStorage>
 
 Q_LOGGING_CATEGORY(lcTransfer, "sky.projectdb.transfer")
 
 namespace {
-
-// An access manager must live in the thread that uses it.
-QNetworkAccessManager* ThreadAccessManager()
-{
-    static QThreadStorage<QNetworkAccessManager*> storage;
-    if (!storage.hasLocalData())
-        storage.setLocalData(new QNetworkAccessManager);
-    return storage.localData();
-}
 
 bool IsServiceRefusal(int httpStatus, const QByteArray& body)
 {
@@ -88,18 +79,7 @@ void CLmTransferObject::SetTimeout(int ms)
 void CLmTransferObject::Send()
 {
     AbandonReply();
-    QNetworkRequest request(QUrl::fromEncoded(m_url));
-    for (const auto& header : qAsConst(m_headers))
-        request.setRawHeader(header.first, header.second);
-    request.setTransferTimeout(m_iTimeoutMs);
-
-    QNetworkAccessManager* manager = ThreadAccessManager();
-    if (m_eMethod == MethodPost) {
-        request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/x-www-form-urlencoded"));
-        m_pReply = manager->post(request, m_body);
-    } else {
-        m_pReply = manager->get(request);
-    }
+    m_pReply = CLmHttpSender::Send(m_url, m_headers, m_iTimeoutMs, m_eMethod == MethodPost ? &m_body : nullptr);
     if (m_eProgressOf == ProgressOfSending)
         connect(m_pReply, &QNetworkReply::uploadProgress, this, &CLmTransferObject::OnProgress);
     else

@@ -71,5 +71,4 @@ void CSimGroundStation::Consume(const QByteArray& bytes)
     mavlink_message_t message;
     while (m_parser.next(message))
         m_received.append(message);
-    emit FrameReceived();
 }

@@ -9,7 +9,6 @@
 #include <QUdpSocket>
 #include <QVector>
 
-#include <functional>
 
 // The ground station side of the emulator tests: a UDP socket on a free
 // loopback port (or one end of a serial line) with the MAVLink codec,
@@ -42,9 +41,6 @@ public:
     // Index of the first frame at or after `from` that matches, -1 when none.
     int IndexOf(uint32_t msgid, int from = 0) const;
     void Clear() { m_received.clear(); }
-
-signals:
-    void FrameReceived();
 
 private:
     void Write(const QByteArray& bytes);

@@ -64,6 +64,7 @@ private slots:
     void commandResults_data();
     void commandResults();
     void parameterSetIsReadBack();
+    void logListAndFullDownloadMatchByteForByte_data();
     void logListAndFullDownloadMatchByteForByte();
     void logEraseEmptiesTheList();
     void batteryRequestCarriesExtensionCells();
@@ -202,12 +203,19 @@ void TestSkySim::parameterSetIsReadBack()
     QVERIFY(value.param_count >= 5);
 }
 
+void TestSkySim::logListAndFullDownloadMatchByteForByte_data()
+{
+    QTest::addColumn<QString>("linkRate");
+    QTest::newRow("paced link") << "200000";
+    QTest::newRow("unlimited link") << "0";
+}
+
 void TestSkySim::logListAndFullDownloadMatchByteForByte()
 {
-    constexpr uint32_t kSize = 20000; // not a multiple of 90: the last packet is short
+    QFETCH(QString, linkRate);
+    constexpr uint32_t kSize = 200000; // not a multiple of 90: the last packet is short
     const auto aircraft = StartAircraft({QStringLiteral("--logs"), QStringLiteral("2"), QStringLiteral("--log-size"),
-                                         QString::number(kSize), QStringLiteral("--link-rate"),
-                                         QStringLiteral("200000")});
+                                         QString::number(kSize), QStringLiteral("--link-rate"), linkRate});
     QVERIFY(aircraft);
     CSimGroundStation& ground = aircraft->ground;
 

@@ -22,7 +22,7 @@ QString VisibleTexts(const QWidget* widget)
 namespace {
 
 void PollForModal(const QString& buttonObjectName, QString* seenText, QDeadlineTimer deadline,
-                  const char* dialogClass)
+                  const char* dialogClass, QObject* context)
 {
     QWidget* modal = QApplication::activeModalWidget();
     if (modal && dialogClass && !modal->inherits(dialogClass))
@@ -36,15 +36,18 @@ void PollForModal(const QString& buttonObjectName, QString* seenText, QDeadlineT
     }
     if (deadline.hasExpired())
         return;
-    QTimer::singleShot(10, [=] { PollForModal(buttonObjectName, seenText, deadline, dialogClass); });
+    QTimer::singleShot(10, context, [=] { PollForModal(buttonObjectName, seenText, deadline, dialogClass, context); });
 }
 
 }  // namespace
 
-void PressWhenShown(const QString& buttonObjectName, QString* seenText, int timeoutMs, const char* dialogClass)
+void PressWhenShown(const QString& buttonObjectName, QString* seenText, int timeoutMs, const char* dialogClass,
+                    QObject* context)
 {
     const QDeadlineTimer deadline(timeoutMs);
-    QTimer::singleShot(0, [=] { PollForModal(buttonObjectName, seenText, deadline, dialogClass); });
+    if (!context)
+        context = qApp;
+    QTimer::singleShot(0, context, [=] { PollForModal(buttonObjectName, seenText, deadline, dialogClass, context); });
 }
 
 }  // namespace ModalAnswer

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QObject;
 class QWidget;
 
 // Answers the next modal dialog as a user would: once it is the active modal
@@ -11,9 +12,10 @@ namespace ModalAnswer {
 
 // Presses objectName in the next modal widget (of the given class, when one
 // is named); records its texts in *seenText (all labels joined by newlines)
-// when seenText is given.
+// when seenText is given. Waiting ends at the time-out or when the context
+// object is destroyed, so seenText must live as long as the context.
 void PressWhenShown(const QString& buttonObjectName, QString* seenText = nullptr, int timeoutMs = 5000,
-                    const char* dialogClass = nullptr);
+                    const char* dialogClass = nullptr, QObject* context = nullptr);
 
 // The texts of every QLabel in the widget, joined by newlines.
 QString VisibleTexts(const QWidget* widget);

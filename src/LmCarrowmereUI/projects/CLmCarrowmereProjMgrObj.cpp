@@ -100,7 +100,7 @@ void CLmCarrowmereProjMgrObj::slotDownloadPrjectWithProjID(QString strProjID)
 
 void CLmCarrowmereProjMgrObj::slotReadLocalProject(QString strProjectPath)
 {
-    for (const SProjInfor& info : ReadProjectFile(strProjectPath, false)) {
+    for (const SProjInfor& info : ReadProjectFile(strProjectPath, GetCurUserInfo().strUserID, false)) {
         m_mapLocalProj.insert(info.strProjID, info);
         Q_EMIT LocalProjInforOne(info);
     }
@@ -154,13 +154,14 @@ void CLmCarrowmereProjMgrObj::slotReadFlightDetails(QString strProjId)
 void CLmCarrowmereProjMgrObj::ScanLocalProjects()
 {
     m_mapLocalProj.clear();
+    const QString userId = GetCurUserInfo().strUserID;
     const QDir root(CLmControl::GetInstance()->GetProjectDirPath());
     const QStringList folders = root.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     for (int i = 0; i < folders.size(); ++i) {
         const QDir folder(root.filePath(folders.at(i)));
         const QStringList files = folder.entryList({QLatin1String(ProjectFileFilter)}, QDir::Files, QDir::Name);
         for (const QString& file : files) {
-            for (const SProjInfor& info : ReadProjectFile(folder.filePath(file), true)) {
+            for (const SProjInfor& info : ReadProjectFile(folder.filePath(file), userId, true)) {
                 m_mapLocalProj.insert(info.strProjID, info);
                 Q_EMIT LocalProjInfor(info);
             }
@@ -169,7 +170,8 @@ void CLmCarrowmereProjMgrObj::ScanLocalProjects()
     }
 }
 
-QList<SProjInfor> CLmCarrowmereProjMgrObj::ReadProjectFile(const QString& filePath, bool withCities)
+QList<SProjInfor> CLmCarrowmereProjMgrObj::ReadProjectFile(const QString& filePath, const QString& userId,
+                                                           bool withCities)
 {
     QList<SProjInfor> projects;
     CLmDataBase projectDb(filePath);
@@ -179,7 +181,7 @@ QList<SProjInfor> CLmCarrowmereProjMgrObj::ReadProjectFile(const QString& filePa
     }
     QSqlQuery rows(projectDb.Database());
     if (!projectDb.Exec(QStringLiteral("select * from %1 where user_id = ?").arg(QLatin1String(ProjectTableName)),
-                        {GetCurUserInfo().strUserID}, &rows)) {
+                        {userId}, &rows)) {
         qCWarning(lcProjSynch) << "not a readable project database:" << filePath;
         return projects;
     }

@@ -67,7 +67,7 @@ Q_SIGNALS:
 private:
     // Local store.
     void ScanLocalProjects();
-    QList<SProjInfor> ReadProjectFile(const QString& filePath, bool withCities);
+    QList<SProjInfor> ReadProjectFile(const QString& filePath, const QString& userId, bool withCities);
     void CountMissions(CLmDataBase& projectDb, SProjInfor& info) const;
     QStringList ReadBlockCities(CLmDataBase& projectDb, const QString& projId) const;
 
