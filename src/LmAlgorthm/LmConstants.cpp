@@ -73,3 +73,15 @@ SLmUserInfo GetCurUserInfo()
     settings.endGroup();
     return info;
 }
+
+void ClearCurUserSession()
+{
+    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
+    settings.beginGroup(QLatin1String(UserInfoGroupName));
+    settings.setValue(QStringLiteral("AutoLogin"), false);
+    settings.setValue(QLatin1String(UserInfoToken), QString());
+    settings.setValue(QLatin1String(UserInfoNickName), QString());
+    settings.setValue(QLatin1String(UserInfoUserID), QString());
+    settings.setValue(QStringLiteral("PWD"), QString());
+    settings.endGroup();
+}

@@ -29,3 +29,7 @@ QString GetHelpUrl();
 
 // The current session from the user settings.
 SLmUserInfo GetCurUserInfo();
+// Forgets the signed-in session: token, nick name, user id and "PWD" empty,
+// "AutoLogin" false. The account, user type and permissions are kept so the
+// next sign-in can start from them.
+void ClearCurUserSession();

@@ -582,19 +582,7 @@ void CLmCarrowmereMainWindow::slotAccountFailed()
     connect(&dialog, &CLmCarrowmereLoginDialog::LoginAccept, this, &CLmCarrowmereMainWindow::slotAcceptLogin);
     if (dialog.exec() == QDialog::Accepted)
         return;
-    ClearStoredSession();
-}
-
-void CLmCarrowmereMainWindow::ClearStoredSession()
-{
-    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
-    settings.beginGroup(QLatin1String(UserInfoGroupName));
-    settings.setValue(QStringLiteral("AutoLogin"), false);
-    settings.setValue(QLatin1String(UserInfoToken), QString());
-    settings.setValue(QLatin1String(UserInfoNickName), QString());
-    settings.setValue(QLatin1String(UserInfoUserID), QString());
-    settings.setValue(QStringLiteral("PWD"), QString());
-    settings.endGroup();
+    ClearCurUserSession();
 }
 
 void CLmCarrowmereMainWindow::slotShowAccountInfo()

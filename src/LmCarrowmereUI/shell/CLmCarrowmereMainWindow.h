@@ -66,7 +66,6 @@ private:
     void ResponseJsonObject(const QJsonObject& obj);
     void ShowNewMessageIcon();
     void SetLoginUserInfo();
-    void ClearStoredSession();
     CLmNetWorkRequest* NewProfileRequest();
     void SetAccountButtonsEnabled(bool bEnabled);
     void OpenLoginDialog();

@@ -2,8 +2,31 @@
 
 #include "ui_CLmUserMessagePage.h"
 
+#include "CLmNetWorkRequest.h"
+#include "LmCloudPaths.h"
+#include "LmConstants.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSettings>
+#include <QUrl>
+
+namespace {
+
+QJsonValue EnvelopeData(const QByteArray& reply)
+{
+    const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
+    if (envelope.value(QStringLiteral("status")).toInt(-1) != 0)
+        return {};
+    return envelope.value(QStringLiteral("data"));
+}
+
+QByteArray FormValue(const QString& text)
+{
+    return QUrl::toPercentEncoding(text);
+}
+
+}  // namespace
 
 CLmUserMessagePage::CLmUserMessagePage(QWidget* parent)
     : QWidget(parent)
@@ -12,32 +35,64 @@ CLmUserMessagePage::CLmUserMessagePage(QWidget* parent)
     m_pUi->setupUi(this);
     connect(m_pUi->m_pBtnBackHome, &QPushButton::clicked, this, &CLmUserMessagePage::BackToHome);
     connect(m_pUi->m_pBtnShowMessages, &QPushButton::clicked, this, &CLmUserMessagePage::ShowMessageView);
-    connect(m_pUi->m_pBtnShowProfile, &QPushButton::clicked, this,
-            [this] { m_pUi->m_pUserStackedWidget->setCurrentWidget(m_pUi->m_pProfileView); });
+    connect(m_pUi->m_pBtnShowProfile, &QPushButton::clicked, this, [this] {
+        m_pUi->m_pUserStackedWidget->setCurrentWidget(m_pUi->m_pProfileView);
+        m_pUi->m_pBtnShowMessages->setChecked(false);
+        m_pUi->m_pBtnShowProfile->setChecked(true);
+    });
+    connect(m_pUi->m_pBtnSaveProfile, &QPushButton::clicked, this, &CLmUserMessagePage::slotSaveProfile);
+    connect(m_pUi->m_pBtnLogout, &QPushButton::clicked, this, &CLmUserMessagePage::slotLogout);
     SetMessages({});
 }
 
 CLmUserMessagePage::~CLmUserMessagePage() = default;
+
+CLmNetWorkRequest* CLmUserMessagePage::NewUserRequest(const char* path)
+{
+    auto* request = new CLmNetWorkRequest;
+    connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmUserMessagePage::slotRequestFailed);
+    connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmUserMessagePage::slotNetWorkError);
+    request->SetRawHeader("token", GetCurUserInfo().strToken.toUtf8());
+    request->SetUrl(GetServerIP() + path);
+    return request;
+}
 
 void CLmUserMessagePage::ShowMessageView()
 {
     m_pUi->m_pUserStackedWidget->setCurrentWidget(m_pUi->m_pMessageView);
     m_pUi->m_pBtnShowMessages->setChecked(true);
     m_pUi->m_pBtnShowProfile->setChecked(false);
+    if (GetCurUserInfo().strToken.isEmpty())
+        return;
+    CLmNetWorkRequest* request = NewUserRequest(LmCloudPath::PushMessageList);
+    connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmUserMessagePage::slotMessageListRet);
+    request->PostNetWorkReplyMessage();
+}
+
+void CLmUserMessagePage::slotMessageListRet(const QByteArray& reply)
+{
+    const QJsonValue data = EnvelopeData(reply);
+    if (data.isArray())
+        SetMessages(data.toArray());
 }
 
 void CLmUserMessagePage::ShowProfileView(const QByteArray& reply)
 {
-    const QJsonObject profile = QJsonDocument::fromJson(reply).object().value(QStringLiteral("data")).toObject();
-    if (!profile.isEmpty()) {
-        m_pUi->m_pLabelNickName->setText(profile.value(QStringLiteral("nick_name")).toString());
-        m_pUi->m_pLabelPhone->setText(profile.value(QStringLiteral("phone")).toString());
-        m_pUi->m_pLabelEmail->setText(profile.value(QStringLiteral("email")).toString());
-        m_pUi->m_pLabelCompany->setText(profile.value(QStringLiteral("company")).toString());
-    }
+    FillProfile(EnvelopeData(reply).toObject());
+    m_pUi->m_pLabelProfileState->clear();
     m_pUi->m_pUserStackedWidget->setCurrentWidget(m_pUi->m_pProfileView);
     m_pUi->m_pBtnShowMessages->setChecked(false);
     m_pUi->m_pBtnShowProfile->setChecked(true);
+}
+
+void CLmUserMessagePage::FillProfile(const QJsonObject& profile)
+{
+    if (profile.isEmpty())
+        return;
+    m_pUi->m_pEditNickName->setText(profile.value(QStringLiteral("nick_name")).toString());
+    m_pUi->m_pLabelPhone->setText(profile.value(QStringLiteral("phone")).toString());
+    m_pUi->m_pEditEmail->setText(profile.value(QStringLiteral("email")).toString());
+    m_pUi->m_pEditCompany->setText(profile.value(QStringLiteral("company")).toString());
 }
 
 void CLmUserMessagePage::SetMessages(const QJsonArray& messages)
@@ -49,4 +104,51 @@ void CLmUserMessagePage::SetMessages(const QJsonArray& messages)
                                         + message.value(QStringLiteral("message")).toString());
     }
     m_pUi->m_pLabelNoMessage->setVisible(messages.isEmpty());
+}
+
+void CLmUserMessagePage::slotSaveProfile()
+{
+    const QString nickName = m_pUi->m_pEditNickName->text().trimmed();
+    if (nickName.isEmpty()) {
+        m_pUi->m_pLabelProfileState->setText(tr("The nick name cannot be empty."));
+        return;
+    }
+    CLmNetWorkRequest* request = NewUserRequest(LmCloudPath::UserEditProfile);
+    connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmUserMessagePage::slotProfileSaved);
+    request->SetBody("nick_name=" + FormValue(nickName) + "&email=" + FormValue(m_pUi->m_pEditEmail->text().trimmed())
+                     + "&company=" + FormValue(m_pUi->m_pEditCompany->text().trimmed()));
+    request->PostNetWorkReplyMessage();
+}
+
+void CLmUserMessagePage::slotProfileSaved(const QByteArray& reply)
+{
+    const QJsonObject profile = EnvelopeData(reply).toObject();
+    if (profile.isEmpty())
+        return;
+    FillProfile(profile);
+    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
+    settings.setValue(QLatin1String(UserInfoGroupName) + QLatin1Char('/') + QLatin1String(UserInfoNickName),
+                      profile.value(QStringLiteral("nick_name")).toString());
+    m_pUi->m_pLabelProfileState->setText(tr("Saved."));
+    Q_EMIT saveUserInfoSucced();
+}
+
+void CLmUserMessagePage::slotLogout()
+{
+    // The cloud is told when it can be reached; signing out here never waits
+    // for it, so a user can sign out offline or with an expired session.
+    if (!GetCurUserInfo().strToken.isEmpty())
+        NewUserRequest(LmCloudPath::UserLogout)->PostNetWorkReplyMessage();
+    ClearCurUserSession();
+    Q_EMIT LogoutSucced();
+}
+
+void CLmUserMessagePage::slotRequestFailed(const QString& message)
+{
+    m_pUi->m_pLabelProfileState->setText(message);
+}
+
+void CLmUserMessagePage::slotNetWorkError()
+{
+    m_pUi->m_pLabelProfileState->setText(tr("Network fault"));
 }

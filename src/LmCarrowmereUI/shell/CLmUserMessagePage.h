@@ -8,8 +8,10 @@
 namespace Ui {
 class CLmUserMessagePage;
 }
+class CLmNetWorkRequest;
 
-// The user information page: the message centre and the profile view.
+// The user information page: the message centre and the profile, which the
+// user edits here and signs out from.
 class CLmUserMessagePage : public QWidget
 {
     Q_OBJECT
@@ -17,9 +19,10 @@ public:
     explicit CLmUserMessagePage(QWidget* parent = nullptr);
     ~CLmUserMessagePage() override;
 
+    // Shows the messages and fetches the current list from the cloud.
     void ShowMessageView();
     // Shows the profile carried by a "/user/profile" reply; a reply that
-    // does not parse leaves the view as it was.
+    // does not parse leaves the fields as they were.
     void ShowProfileView(const QByteArray& reply);
     void SetMessages(const QJsonArray& messages);
 
@@ -28,6 +31,17 @@ Q_SIGNALS:
     void saveUserInfoSucced();
     void LogoutSucced();
 
+private Q_SLOTS:
+    void slotSaveProfile();
+    void slotProfileSaved(const QByteArray& reply);
+    void slotLogout();
+    void slotMessageListRet(const QByteArray& reply);
+    void slotRequestFailed(const QString& message);
+    void slotNetWorkError();
+
 private:
+    void FillProfile(const QJsonObject& profile);
+    CLmNetWorkRequest* NewUserRequest(const char* path);
+
     std::unique_ptr<Ui::CLmUserMessagePage> m_pUi;
 };
