@@ -22,6 +22,8 @@ for _ in $(seq 100); do
   kill -0 $cloud 2>/dev/null || { echo "skycloud did not start" >&2; exit 1; }
   sleep 0.1
 done
+# The news page's browser engine refuses its sandbox to root.
+[ "$(id -u)" -eq 0 ] && export QTWEBENGINE_DISABLE_SANDBOX=1
 export SKYCONSOLE_CLOUD_PRODUCTION_URL="http://127.0.0.1:$PORT"
 export SKYCONSOLE_CLOUD_PUSH_ADDRESS="127.0.0.1:$PUSH_PORT"
 "$BUILD_DIR/bin/skyconsole" "$@"

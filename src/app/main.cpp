@@ -6,6 +6,8 @@
 
 int main(int argc, char* argv[])
 {
+    // The news page's browser engine shares its GL context with the window.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("SkyConsole"));
     // Library chatter stays quiet unless QT_LOGGING_RULES asks for it; the

@@ -10,6 +10,10 @@ export HOME="$sandbox/home" XDG_CONFIG_HOME="$sandbox/config" XDG_DATA_HOME="$sa
 mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_CACHE_HOME" "$XDG_RUNTIME_DIR"
 chmod 700 "$XDG_RUNTIME_DIR"
 unset SKYCONSOLE_CONFIG
+# The news page's browser engine refuses to start as root inside its sandbox,
+# and has no GPU to use here.
+[ "$(id -u)" -eq 0 ] && export QTWEBENGINE_DISABLE_SANDBOX=1
+export QTWEBENGINE_CHROMIUM_FLAGS="--disable-gpu"
 if [ "$mode" = xvfb ]; then
   export QT_QPA_PLATFORM=xcb
   xvfb-run -a -s "-screen 0 1400x900x24" "$@"

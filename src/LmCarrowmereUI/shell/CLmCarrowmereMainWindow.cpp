@@ -33,6 +33,7 @@
 #include <QMouseEvent>
 #include <QSettings>
 #include <QUrl>
+#include <QWebEngineView>
 
 Q_LOGGING_CATEGORY(lcMainWnd, "sky.ui.mainwindow")
 
@@ -441,6 +442,7 @@ void CLmCarrowmereMainWindow::slotNetWorkStateRet(bool bOnline)
     if (bOnline) {
         m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUi->m_pHomePage);
         m_pUi->m_pHomeStackedWidget->setCurrentWidget(m_pUi->m_pOnlineView);
+        ShowNewsPage(QUrl::fromEncoded(GetPageIP() + LmCloudPath::NewsPage));
         m_pNetWorkGlobal->SetTimerInterval(10000);
     } else {
         m_pNetWorkGlobal->SetTimerInterval(5000);
@@ -734,4 +736,17 @@ void CLmCarrowmereMainWindow::slotUasDisConnected(CLmUasProvide* pUas)
 void CLmCarrowmereMainWindow::slotNeedNotifyParachute(int count)
 {
     m_pMaintainPage->SetParachuteNotice(count > kParachuteNoticeThreshold);
+}
+
+void CLmCarrowmereMainWindow::ShowNewsPage(const QUrl& url)
+{
+    // The browser engine is costly to start, so the view exists only once
+    // the cloud has been reached.
+    if (!m_pNewsView) {
+        m_pNewsView = new QWebEngineView(m_pUi->m_pOnlineView);
+        m_pNewsView->setObjectName(QStringLiteral("m_pNewsWebView"));
+        m_pNewsView->setContextMenuPolicy(Qt::NoContextMenu);
+        m_pUi->m_pOnlineLayout->addWidget(m_pNewsView);
+    }
+    m_pNewsView->load(url);
 }

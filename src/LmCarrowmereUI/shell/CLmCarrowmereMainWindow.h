@@ -16,6 +16,8 @@ namespace Ui {
 class CLmCarrowmereWgt;
 }
 class QPushButton;
+class QUrl;
+class QWebEngineView;
 class CLmCarrowmereMaintainPage;
 class CLmUserMessagePage;
 class CLmProjMgrWgt;
@@ -65,6 +67,7 @@ private:
     void HandUsbDisksToMaintainPage();
     void ResponseJsonObject(const QJsonObject& obj);
     void ShowNewMessageIcon();
+    void ShowNewsPage(const QUrl& url);
     void SetLoginUserInfo();
     CLmNetWorkRequest* NewProfileRequest();
     void SetAccountButtonsEnabled(bool bEnabled);
@@ -122,4 +125,5 @@ private:
     int m_iLaunchCount = 0;
     bool m_bFirstNetWorkAnswer = false;
     CLmMessageBox* m_pFirmwareNoticeBox = nullptr;
+    QWebEngineView* m_pNewsView = nullptr;
 };

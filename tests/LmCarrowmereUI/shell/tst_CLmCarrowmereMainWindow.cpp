@@ -1,9 +1,7 @@
 #include "CLmCarrowmereMainWindow.h"
 #include "CLmControl.h"
-#include "CLmDeployConfig.h"
 #include "CLmLinkProvide.h"
 #include "CLmTipPushButton.h"
-#include "CSkyCloudProcess.h"
 #include "ModalAnswer.h"
 
 #include <QDir>
@@ -13,16 +11,6 @@
 #include <QTimer>
 
 namespace {
-
-QStringList g_warnings;
-QtMessageHandler g_previousHandler = nullptr;
-
-void RecordWarnings(QtMsgType type, const QMessageLogContext& context, const QString& message)
-{
-    if (type == QtWarningMsg || type == QtCriticalMsg)
-        g_warnings << message;
-    g_previousHandler(type, context, message);
-}
 
 void Touch(const QString& path)
 {
@@ -38,7 +26,6 @@ class tst_CLmCarrowmereMainWindow : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
     void countsMissionDatabases_data();
@@ -49,7 +36,6 @@ private Q_SLOTS:
     void systemMessageClickNeedsText();
     void exitAsksForConfirmation_data();
     void exitAsksForConfirmation();
-    void workerThreadsStartAndStopCleanly();
 
 private:
     void Push(const QByteArray& text);
@@ -62,14 +48,8 @@ private:
     QPointer<CLmCarrowmereMainWindow> m_pWindow;
 };
 
-void tst_CLmCarrowmereMainWindow::initTestCase()
-{
-    g_previousHandler = qInstallMessageHandler(RecordWarnings);
-}
-
 void tst_CLmCarrowmereMainWindow::init()
 {
-    g_warnings.clear();
     QDir(CLmControl::GetInstance()->GetAppDataDirectory()).removeRecursively();
     m_pWindow = new CLmCarrowmereMainWindow(nullptr);
     m_pWindow->show();
@@ -208,29 +188,6 @@ void tst_CLmCarrowmereMainWindow::exitAsksForConfirmation()
         QApplication::exec();
     } else
         QVERIFY(!m_pWindow.isNull() && m_pWindow->isVisible());
-}
-
-void tst_CLmCarrowmereMainWindow::workerThreadsStartAndStopCleanly()
-{
-    CSkyCloudProcess cloud;
-    QVERIFY(cloud.Start());
-    qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", cloud.BaseUrl());
-    CLmDeployConfig::Reload();
-
-    m_pWindow->ConnectSerialPort();
-    m_pWindow->ConnectUploadData();
-    m_pWindow->TestNetworkConnect();
-    auto* wifi = Child<QPushButton>("m_pBtnNetWorkState");
-    QTRY_VERIFY_WITH_TIMEOUT(wifi->styleSheet().contains(QLatin1String("Home_WiFi_Online_ic")), 8000);
-    QVERIFY(CLmControl::GetInstance()->IsNetWorkConnected());
-    QCOMPARE(Child<QStackedWidget>("m_pHomeStackedWidget")->currentWidget()->objectName(),
-             QStringLiteral("m_pOnlineView"));
-
-    delete m_pWindow;
-    for (const QString& warning : qAsConst(g_warnings))
-        QVERIFY2(!warning.contains(QLatin1String("Destroyed while thread")) && !warning.contains(QLatin1String("Timers")),
-                 qPrintable(warning));
-    CLmControl::GetInstance()->SetNetWorkState(false);
 }
 
 QTEST_MAIN(tst_CLmCarrowmereMainWindow)

@@ -1,0 +1,127 @@
+#include "CLmCarrowmereMainWindow.h"
+#include "CLmControl.h"
+#include "CLmDeployConfig.h"
+#include "CSkyCloudProcess.h"
+
+#include <QPointer>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTcpServer>
+#include <QTest>
+#include <QWebEngineView>
+
+namespace {
+
+QStringList g_warnings;
+QtMessageHandler g_previousHandler = nullptr;
+
+void RecordWarnings(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (type == QtWarningMsg || type == QtCriticalMsg)
+        g_warnings << message;
+    g_previousHandler(type, context, message);
+}
+
+quint16 FreePort()
+{
+    QTcpServer probe;
+    probe.listen(QHostAddress::LocalHost, 0);
+    return probe.serverPort();
+}
+
+}  // namespace
+
+// What the window does with the network tester's answers: the first one
+// decides whether the online work (news page and the rest) ever starts.
+class tst_NetworkState : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void firstAnswerOnlineShowsTheNews();
+    void firstAnswerOfflineNeverStartsOnlineWork();
+
+private:
+    void PointAt(const QByteArray& baseUrl);
+    bool WifiOnline() const;
+    QWebEngineView* NewsView() const;
+
+    QPointer<CLmCarrowmereMainWindow> m_pWindow;
+};
+
+void tst_NetworkState::initTestCase()
+{
+    g_previousHandler = qInstallMessageHandler(RecordWarnings);
+}
+
+void tst_NetworkState::init()
+{
+    g_warnings.clear();
+    CLmControl::GetInstance()->SetNetWorkState(false);
+    m_pWindow = new CLmCarrowmereMainWindow(nullptr);
+    m_pWindow->show();
+}
+
+void tst_NetworkState::cleanup()
+{
+    delete m_pWindow;
+    for (const QString& warning : qAsConst(g_warnings))
+        QVERIFY2(!warning.contains(QLatin1String("Destroyed while thread")) && !warning.contains(QLatin1String("Timers")),
+                 qPrintable(warning));
+}
+
+void tst_NetworkState::PointAt(const QByteArray& baseUrl)
+{
+    qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", baseUrl);
+    CLmDeployConfig::Reload();
+}
+
+bool tst_NetworkState::WifiOnline() const
+{
+    return m_pWindow->findChild<QPushButton*>(QStringLiteral("m_pBtnNetWorkState"))
+        ->styleSheet()
+        .contains(QLatin1String("Home_WiFi_Online_ic"));
+}
+
+QWebEngineView* tst_NetworkState::NewsView() const
+{
+    return m_pWindow->findChild<QWebEngineView*>(QStringLiteral("m_pNewsWebView"));
+}
+
+void tst_NetworkState::firstAnswerOnlineShowsTheNews()
+{
+    CSkyCloudProcess cloud;
+    QVERIFY(cloud.Start());
+    PointAt(cloud.BaseUrl());
+
+    m_pWindow->ConnectSerialPort();
+    m_pWindow->ConnectUploadData();
+    m_pWindow->TestNetworkConnect();
+    QTRY_VERIFY_WITH_TIMEOUT(WifiOnline(), 8000);
+    QVERIFY(CLmControl::GetInstance()->IsNetWorkConnected());
+    QCOMPARE(m_pWindow->findChild<QStackedWidget*>(QStringLiteral("m_pHomeStackedWidget"))->currentWidget()->objectName(),
+             QStringLiteral("m_pOnlineView"));
+    QVERIFY(NewsView());
+    QTRY_COMPARE_WITH_TIMEOUT(NewsView()->url().toString(), QString::fromLatin1(cloud.BaseUrl() + "/8083/news"), 15000);
+}
+
+void tst_NetworkState::firstAnswerOfflineNeverStartsOnlineWork()
+{
+    const quint16 port = FreePort();
+    PointAt("http://127.0.0.1:" + QByteArray::number(port));
+    m_pWindow->TestNetworkConnect();
+    QTest::qWait(1500);
+    QVERIFY(!WifiOnline());
+
+    CSkyCloudProcess cloud({QStringLiteral("--port"), QString::number(port)});
+    QVERIFY(cloud.Start());
+    QCOMPARE(cloud.Port(), port);
+    // Offline, the tester asks again every 5 s.
+    QTRY_VERIFY_WITH_TIMEOUT(WifiOnline(), 12000);
+    QVERIFY(!NewsView());
+}
+
+QTEST_MAIN(tst_NetworkState)
+#include "tst_NetworkState.moc"
