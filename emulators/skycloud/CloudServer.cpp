@@ -32,6 +32,9 @@ void CloudServer::AddGroup(std::unique_ptr<EndpointGroup> group)
 
 void CloudServer::InstallHooks()
 {
+    // A stop waits for idle keep-alive connections to time out; clients that
+    // keep their connection (every Qt client does) must not hold it for long.
+    m_server.set_keep_alive_timeout(1);
     const auto ping = [](const httplib::Request&, httplib::Response& res) { Envelope::Ok(res, QJsonObject{}); };
     m_server.Get("/ping", ping);
     m_server.Post("/ping", ping);

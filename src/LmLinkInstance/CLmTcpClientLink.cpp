@@ -29,6 +29,13 @@ CLmTcpClientLink::CLmTcpClientLink(int linkId, const QString& address, QObject* 
     connect(&m_socket, &QTcpSocket::readyRead, this, &CLmTcpClientLink::OnReadyRead);
 }
 
+// The socket would report its closing to this half-destroyed link.
+CLmTcpClientLink::~CLmTcpClientLink()
+{
+    m_socket.disconnect(this);
+    m_socket.abort();
+}
+
 void CLmTcpClientLink::SetFrameDelimiter(const QByteArray& delimiter)
 {
     m_frameDelimiter = delimiter;

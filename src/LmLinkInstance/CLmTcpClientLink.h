@@ -21,6 +21,7 @@ class CLmTcpClientLink : public CLmLinkProvide
     Q_OBJECT
 public:
     CLmTcpClientLink(int linkId, const QString& address, QObject* parent = nullptr);
+    ~CLmTcpClientLink() override;
 
     void SetFrameDelimiter(const QByteArray& delimiter);
 
