@@ -9,10 +9,8 @@ BUILD_DIR=${BUILD_DIR:-build}
 DATA_DIR=${SKYCLOUD_DATA:-${XDG_DATA_HOME:-$HOME/.local/share}/skycloud}
 PORT=${SKYCLOUD_PORT:-18080}
 PUSH_PORT=${SKYCLOUD_PUSH_PORT:-18081}
-push_args=()
-"$BUILD_DIR/bin/skycloud" --help 2>/dev/null | grep -q -- '--push-port' && push_args=(--push-port "$PUSH_PORT")
 cloud_out=$(mktemp)
-"$BUILD_DIR/bin/skycloud" --port "$PORT" "${push_args[@]}" --data "$DATA_DIR" >"$cloud_out" &
+"$BUILD_DIR/bin/skycloud" --port "$PORT" --push-port "$PUSH_PORT" --data "$DATA_DIR" ${SKYCLOUD_ARGS:-} >"$cloud_out" &
 cloud=$!
 trap 'kill $cloud 2>/dev/null; wait $cloud 2>/dev/null; rm -f "$cloud_out"' EXIT
 # SkyConsole's first look at the network decides its start-up, so the

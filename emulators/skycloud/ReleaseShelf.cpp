@@ -39,9 +39,10 @@ bool WriteFile(const QString& path, const QByteArray& bytes, QString* error)
 
 }  // namespace
 
-ReleaseShelf::ReleaseShelf(const QString& dataDir, const QString& appVersion)
+ReleaseShelf::ReleaseShelf(const QString& dataDir, const QString& appVersion, bool offerUpdates)
     : m_dir(QDir(dataDir).filePath(QStringLiteral("updates")))
     , m_appVersion(appVersion)
+    , m_bOfferUpdates(offerUpdates)
 {
 }
 
@@ -73,7 +74,7 @@ bool ReleaseShelf::Open(QString* error)
 
 bool ReleaseShelf::SeedDemoReleases(QString* error) const
 {
-    const QString appRelease = NextMinor(m_appVersion);
+    const QString appRelease = m_bOfferUpdates ? NextMinor(m_appVersion) : m_appVersion;
     return Publish(QStringLiteral("skyconsole"), appRelease, QStringLiteral("Faster project synchronisation."), error)
            && Publish(QStringLiteral("launcher"), appRelease, QStringLiteral("Starts the suite's tools faster."), error)
            && Publish(QStringLiteral("firmware"), QStringLiteral("2.1.0"),

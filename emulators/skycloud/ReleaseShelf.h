@@ -26,7 +26,9 @@ public:
 
     // appVersion: the version of the tree's application; the demo releases
     // of the application and the launcher are one minor version above it.
-    ReleaseShelf(const QString& dataDir, const QString& appVersion);
+    // offerUpdates: a new shelf holds application and launcher releases one
+    // minor version above appVersion instead of appVersion itself.
+    ReleaseShelf(const QString& dataDir, const QString& appVersion, bool offerUpdates);
 
     // Creates the folder with demo releases when it does not exist yet.
     bool Open(QString* error);
@@ -44,4 +46,5 @@ private:
 
     QString m_dir;
     QString m_appVersion;
+    bool m_bOfferUpdates;
 };

@@ -67,7 +67,11 @@ int main(int argc, char* argv[])
                        "when --port is 0).")
             .arg(kDefaultPushPort),
         QStringLiteral("N"));
-    parser.addOptions({portOption, pushPortOption, dataOption, exposeCodesOption});
+    const QCommandLineOption offerUpdatesOption(
+        QStringLiteral("offer-updates"),
+        QStringLiteral("Seed a new data folder with application and launcher releases newer than this build, so "
+                       "the hub offers its updates (otherwise they match this build)."));
+    parser.addOptions({portOption, pushPortOption, dataOption, exposeCodesOption, offerUpdatesOption});
     parser.process(app);
 
     const int port = PortValue(parser.value(portOption));
@@ -84,7 +88,7 @@ int main(int argc, char* argv[])
     if (!store.Open(&error))
         return Fail(error);
 
-    ReleaseShelf shelf(parser.value(dataOption), QStringLiteral(SKYCONSOLE_VERSION));
+    ReleaseShelf shelf(parser.value(dataOption), QStringLiteral(SKYCONSOLE_VERSION), parser.isSet(offerUpdatesOption));
     if (!shelf.Open(&error))
         return Fail(error);
 

@@ -32,6 +32,10 @@ const SDefault kDefaults[] = {
     {"launcher/application_dir", ""},
     {"help/manual_url", ""},
     {"update/launcher_version", ""},
+    {"aircraft/udp_listen_port", "14550"},
+    {"aircraft/serial_ports", "auto"},
+    {"aircraft/serial_baud", "57600"},
+    {"aircraft/heartbeat_timeout_ms", "3500"},
 };
 
 QString EnvironmentName(const QString& groupKey)

@@ -1,5 +1,7 @@
 #include "CLmLinkProvide.h"
 
+#include "LmLinkInstanceLog.h"
+
 CLmLinkProvide::CLmLinkProvide(int linkId, QObject* parent)
     : QObject(parent)
     , m_nLinkId(linkId)
@@ -9,4 +11,9 @@ CLmLinkProvide::CLmLinkProvide(int linkId, QObject* parent)
 int CLmLinkProvide::GetLinkId() const
 {
     return m_nLinkId;
+}
+
+void CLmLinkProvide::WriteBytes(const QByteArray& bytes)
+{
+    qCDebug(lcLinkInstance) << "link" << m_nLinkId << "cannot send; dropped" << bytes.size() << "bytes";
 }

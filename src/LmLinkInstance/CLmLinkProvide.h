@@ -16,6 +16,8 @@ public:
 
     virtual void Connect() = 0;
     virtual void Disconnect() = 0;
+    // Sends bytes to the device. Links that only listen drop them.
+    virtual void WriteBytes(const QByteArray& bytes);
 
 signals:
     void bytesReceived(const QByteArray& bytes);

@@ -74,15 +74,24 @@ void CLmTcpClientLink::OnConnected()
     qCInfo(lcLinkInstance) << "tcp link" << GetLinkId() << "connected to" << m_strHost << m_nPort;
     m_bWasConnected = true;
     m_connectedFor.start();
-    Resubscribe();
+    SendSubscription();
     emit connected();
+}
+
+bool CLmTcpClientLink::SendSubscription()
+{
+    const QString token = GetCurUserInfo().strToken;
+    if (token.isEmpty())
+        return false;
+    m_socket.write("SUBSCRIBE " + token.toUtf8() + '\n');
+    return true;
 }
 
 void CLmTcpClientLink::Resubscribe()
 {
-    const QString token = GetCurUserInfo().strToken;
-    if (IsConnected() && !token.isEmpty())
-        m_socket.write("SUBSCRIBE " + token.toUtf8() + '\n');
+    // Signed out: only a fresh connection ends the old subscription.
+    if (IsConnected() && !SendSubscription())
+        m_socket.abort();
 }
 
 void CLmTcpClientLink::OnStateChanged(QAbstractSocket::SocketState state)

@@ -27,8 +27,8 @@ public:
 
     void Connect() override;
     void Disconnect() override;
-    // Sends the subscription line again, for a user who signed in (or
-    // switched accounts) while the link was connected.
+    // Subscribes again for a user who signed in, switched accounts or signed
+    // out while the link was connected.
     void Resubscribe();
 
     bool IsConnected() const;
@@ -36,6 +36,8 @@ public:
 private:
     void OnStateChanged(QAbstractSocket::SocketState state);
     void OnConnected();
+    // Sends "SUBSCRIBE <token>" when somebody is signed in.
+    bool SendSubscription();
     void OnConnectionEnded();
     void OnReadyRead();
     void ConnectToHost();

@@ -53,7 +53,7 @@ void WriteAll(const QString& path, const QByteArray& bytes)
 
 void tst_UpdateCheck::init()
 {
-    m_cloud = std::make_unique<CSkyCloudProcess>();
+    m_cloud = std::make_unique<CSkyCloudProcess>(QStringList{QStringLiteral("--offer-updates")});
     QVERIFY(m_cloud->Start());
     qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", m_cloud->BaseUrl());
     CLmDeployConfig::Reload();

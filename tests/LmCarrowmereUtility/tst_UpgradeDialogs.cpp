@@ -63,7 +63,7 @@ QString StatusText(const QWidget& dialog)
 
 void tst_UpgradeDialogs::init()
 {
-    m_cloud = std::make_unique<CSkyCloudProcess>();
+    m_cloud = std::make_unique<CSkyCloudProcess>(QStringList{QStringLiteral("--offer-updates")});
     QVERIFY(m_cloud->Start());
     qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", m_cloud->BaseUrl());
     CLmDeployConfig::Reload();

@@ -2,8 +2,10 @@
 
 #include "ui_CLmCarrowmereLoginDialog.h"
 
+#include "CLmForgetPasswordDialog.h"
 #include "CLmMessageBox.h"
 #include "CLmNetWorkRequest.h"
+#include "CLmRegisterDialog.h"
 #include "LmCloudPaths.h"
 #include "LmConstants.h"
 
@@ -39,6 +41,8 @@ CLmCarrowmereLoginDialog::CLmCarrowmereLoginDialog(QWidget* parent, bool admin)
     SetTitle(tr("Login Tolva Cloud"));
     m_guardTimer.setSingleShot(true);
     connect(m_pUi->m_pBtnLogin, &QPushButton::clicked, this, &CLmCarrowmereLoginDialog::slotLogin);
+    connect(m_pUi->m_pBtnForgot, &QPushButton::clicked, this, &CLmCarrowmereLoginDialog::slotForgetPWD);
+    connect(m_pUi->m_pBtnRegister, &QPushButton::clicked, this, &CLmCarrowmereLoginDialog::slotRegister);
 }
 
 CLmCarrowmereLoginDialog::~CLmCarrowmereLoginDialog() = default;
@@ -117,4 +121,25 @@ void CLmCarrowmereLoginDialog::slotFailedAction(const QString& message)
 void CLmCarrowmereLoginDialog::slotNetWorkError()
 {
     m_pUi->m_pBtnLogin->blockSignals(false);
+}
+
+void CLmCarrowmereLoginDialog::slotForgetPWD()
+{
+    CLmForgetPasswordDialog dialog(this);
+    RunAccountDialog(dialog);
+}
+
+void CLmCarrowmereLoginDialog::slotRegister()
+{
+    CLmRegisterDialog dialog(this);
+    RunAccountDialog(dialog);
+}
+
+void CLmCarrowmereLoginDialog::RunAccountDialog(CLmPhoneCodeDialog& dialog)
+{
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    m_pUi->m_pEditAccount->setText(dialog.Phone());
+    m_pUi->m_pEditPassword->clear();
+    m_pUi->m_pEditPassword->setFocus();
 }

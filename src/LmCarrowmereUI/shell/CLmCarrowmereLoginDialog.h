@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class CLmPhoneCodeDialog;
+
 namespace Ui {
 class CLmCarrowmereLoginDialog;
 }
@@ -32,9 +34,13 @@ private Q_SLOTS:
     void slotReciveLogIn(const QByteArray& reply);
     void slotFailedAction(const QString& message);
     void slotNetWorkError();
+    void slotForgetPWD();
+    void slotRegister();
 
 private:
     void StoreUserSession(const QJsonObject& data);
+    // Runs an account dialog; once it succeeds its phone becomes the account.
+    void RunAccountDialog(CLmPhoneCodeDialog& dialog);
 
     std::unique_ptr<Ui::CLmCarrowmereLoginDialog> m_pUi;
     QTimer m_guardTimer;

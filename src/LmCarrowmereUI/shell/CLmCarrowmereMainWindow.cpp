@@ -4,6 +4,9 @@
 
 #include "CLmCarrowmereMaintainPage.h"
 #include "CLmCarrowmereLoginDialog.h"
+#include "CLmCarrowmereUpgradeLauncher.h"
+#include "CLmCarrowmereUpgradeSure.h"
+#include "CLmCheckUpdateRet.h"
 #include "CLmControl.h"
 #include "CLmHardwareCheck.h"
 #include "CLmDeviceChangeFilter.h"
@@ -15,12 +18,15 @@
 #include "CLmNetWorkRequest.h"
 #include "CLmProjMgrWgt.h"
 #include "CLmShareNotifier.h"
+#include "CLmSureUpgrade.h"
+#include "CLmTcpClientLink.h"
 #include "CLmUAVConnectObj.h"
 #include "CLmUasProvide.h"
 #include "CLmUsbDeviceLink.h"
 #include "CLmUserMessagePage.h"
 #include "LmCloudPaths.h"
 #include "LmConstants.h"
+#include "LINK_TYPE.h"
 #include "LmUsbDiskText.h"
 #include "mavlink_message_t.h"
 
@@ -44,6 +50,10 @@ const char kIconExit[] = ":/images/Normal/Home/HomeFilebut_receive_ic.png";
 const char kIconExclamation[] = ":/images/Normal/Exclamation_mark.png";
 const char kIconOffNetwork[] = ":/images/Normal/userinfo/off_network_ico.png";
 const char kIconNotFound[] = ":/images/Normal/Home/HomeFile_share_no_ic.png";
+
+// The network tester's period until the cloud has been reached once, and after.
+constexpr int kOfflinePollMs = 5000;
+constexpr int kOnlinePollMs = 10000;
 
 // The account check at start-up waits this long for the service.
 constexpr int kAccountCheckTimeoutMs = 10000;
@@ -443,11 +453,14 @@ void CLmCarrowmereMainWindow::slotNetWorkStateRet(bool bOnline)
         m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUi->m_pHomePage);
         m_pUi->m_pHomeStackedWidget->setCurrentWidget(m_pUi->m_pOnlineView);
         ShowNewsPage(QUrl::fromEncoded(GetPageIP() + LmCloudPath::NewsPage));
-        m_pNetWorkGlobal->SetTimerInterval(10000);
+        m_pNetWorkGlobal->SetTimerInterval(kOnlinePollMs);
+        m_threadNetWork.start(QThread::InheritPriority);
+        StartUpdateChecks();
+        OpenPushLink();
     } else {
-        m_pNetWorkGlobal->SetTimerInterval(5000);
+        m_pNetWorkGlobal->SetTimerInterval(kOfflinePollMs);
+        m_threadNetWork.start(QThread::InheritPriority);
     }
-    m_threadNetWork.start(QThread::InheritPriority);
 }
 
 void CLmCarrowmereMainWindow::slotMarkUpgrade(bool bNeed)
@@ -487,6 +500,7 @@ void CLmCarrowmereMainWindow::slotAcceptLogin()
                                               + QStringLiteral("/Vireo_AirLine/"));
     m_pUi->m_pLabelUserName->setText(user.strNickName);
     SetAccountButtonsEnabled(true);
+    RefreshPushSubscription();
     m_noFlyZoneUpgrade.Start();
 }
 
@@ -502,6 +516,7 @@ void CLmCarrowmereMainWindow::slotUpdateUserInfo()
     }
     m_pUi->m_pLabelUserName->setText(tr("Sign in"));
     SetAccountButtonsEnabled(false);
+    RefreshPushSubscription();
     slotBackToHome();
     m_pProjMgrWgt->Reset();
 }
@@ -749,4 +764,48 @@ void CLmCarrowmereMainWindow::ShowNewsPage(const QUrl& url)
         m_pUi->m_pOnlineLayout->addWidget(m_pNewsView);
     }
     m_pNewsView->load(url);
+}
+
+void CLmCarrowmereMainWindow::StartUpdateChecks()
+{
+    m_pCheckUpdateRet = new CLmCheckUpdateRet(this);
+    connect(m_pCheckUpdateRet, &CLmCheckUpdateRet::DownLoadFinished, m_pMaintainPage,
+            &CLmCarrowmereMaintainPage::slotDownLoadFinished);
+    connect(m_pCheckUpdateRet, &CLmCheckUpdateRet::LauncherUpgradeInfor, this,
+            &CLmCarrowmereMainWindow::slotLauncherUpgradeInfor);
+    m_pCheckUpdateRet->CheckUpdate();
+
+    m_pSureUpgrade = new CLmSureUpgrade(this);
+    connect(m_pSureUpgrade, &CLmSureUpgrade::NeedDownLoad, this,
+            &CLmCarrowmereMainWindow::slotNeedUpgradeSureNewVersion);
+    m_pSureUpgrade->CheckUpdate();
+}
+
+void CLmCarrowmereMainWindow::OpenPushLink()
+{
+    connect(m_pLinkManager, &CLmLinkManager::bytesReceived, this, &CLmCarrowmereMainWindow::slotBytesReceived);
+    m_pPushLink = m_pLinkManager->AddTcpClientLink(this, LINK_TYPE_TCP_CLIENT);
+}
+
+void CLmCarrowmereMainWindow::RefreshPushSubscription()
+{
+    if (auto* pushLink = qobject_cast<CLmTcpClientLink*>(m_pPushLink))
+        pushLink->Resubscribe();
+}
+
+void CLmCarrowmereMainWindow::slotNeedUpgradeSureNewVersion(QJsonObject release)
+{
+    CLmMessageBox box(tr(" There is a new \"srtch\" version needs to be updated."), QString(), tr("SkyConsole"),
+                      CLmMessageBox::BtnOkCancel, this);
+    if (box.exec() != 1)
+        return;
+    CLmCarrowmereUpgradeSure dialog(this);
+    dialog.SetDownloadData(release);
+    dialog.exec(true);
+}
+
+void CLmCarrowmereMainWindow::slotLauncherUpgradeInfor()
+{
+    CLmCarrowmereUpgradeLauncher dialog(this);
+    dialog.exec(true);
 }

@@ -25,6 +25,8 @@ class CLmLinkManager;
 class CLmLinkProvide;
 class CLmFlightDataDbOperator;
 class CLmMessageBox;
+class CLmCheckUpdateRet;
+class CLmSureUpgrade;
 class CLmNetWorkRequest;
 class CLmNetWorkGlobal;
 class CLmUsbDeviceLink;
@@ -68,6 +70,9 @@ private:
     void ResponseJsonObject(const QJsonObject& obj);
     void ShowNewMessageIcon();
     void ShowNewsPage(const QUrl& url);
+    void StartUpdateChecks();
+    void OpenPushLink();
+    void RefreshPushSubscription();
     void SetLoginUserInfo();
     CLmNetWorkRequest* NewProfileRequest();
     void SetAccountButtonsEnabled(bool bEnabled);
@@ -103,6 +108,8 @@ private Q_SLOTS:
     void slotNeedNotifyParachute(int count);
     void slotBytesReceived(CLmLinkProvide* pLink, QByteArray bytes);
     void slotNetWorkStateRet(bool bOnline);
+    void slotNeedUpgradeSureNewVersion(QJsonObject release);
+    void slotLauncherUpgradeInfor();
 
 private:
     std::unique_ptr<Ui::CLmCarrowmereWgt> m_pUi;
@@ -126,4 +133,7 @@ private:
     bool m_bFirstNetWorkAnswer = false;
     CLmMessageBox* m_pFirmwareNoticeBox = nullptr;
     QWebEngineView* m_pNewsView = nullptr;
+    CLmCheckUpdateRet* m_pCheckUpdateRet = nullptr;
+    CLmSureUpgrade* m_pSureUpgrade = nullptr;
+    CLmLinkProvide* m_pPushLink = nullptr;
 };

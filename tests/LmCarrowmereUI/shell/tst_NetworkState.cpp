@@ -1,10 +1,17 @@
 #include "CLmCarrowmereMainWindow.h"
 #include "CLmControl.h"
 #include "CLmDeployConfig.h"
+#include "CLmCheckUpdateRet.h"
+#include "CLmSureUpgrade.h"
+#include "CLmTcpClientLink.h"
+#include "CLmTipPushButton.h"
 #include "CSkyCloudProcess.h"
+#include "LmConstants.h"
+#include "ModalAnswer.h"
 
 #include <QPointer>
 #include <QPushButton>
+#include <QSettings>
 #include <QStackedWidget>
 #include <QTcpServer>
 #include <QTest>
@@ -42,6 +49,8 @@ private Q_SLOTS:
     void cleanup();
     void firstAnswerOnlineShowsTheNews();
     void firstAnswerOfflineNeverStartsOnlineWork();
+    void pushNotificationReachesTheSignedInUser();
+    void newerApplicationIsOffered();
 
 private:
     void PointAt(const QByteArray& baseUrl);
@@ -59,6 +68,7 @@ void tst_NetworkState::initTestCase()
 void tst_NetworkState::init()
 {
     g_warnings.clear();
+    QSettings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)}.clear();
     CLmControl::GetInstance()->SetNetWorkState(false);
     m_pWindow = new CLmCarrowmereMainWindow(nullptr);
     m_pWindow->show();
@@ -121,6 +131,58 @@ void tst_NetworkState::firstAnswerOfflineNeverStartsOnlineWork()
     // Offline, the tester asks again every 5 s.
     QTRY_VERIFY_WITH_TIMEOUT(WifiOnline(), 12000);
     QVERIFY(!NewsView());
+    QVERIFY(!m_pWindow->findChild<CLmCheckUpdateRet*>());
+    QVERIFY(!m_pWindow->findChild<CLmSureUpgrade*>());
+    QVERIFY(!m_pWindow->findChild<CLmTcpClientLink*>());
+}
+
+void tst_NetworkState::pushNotificationReachesTheSignedInUser()
+{
+    CSkyCloudProcess cloud;
+    QVERIFY(cloud.Start());
+    PointAt(cloud.BaseUrl());
+    qputenv("SKYCONSOLE_CLOUD_PUSH_ADDRESS", "127.0.0.1:" + QByteArray::number(cloud.PushPort()));
+    CLmDeployConfig::Reload();
+    const QString token = cloud.Call("/user/login", "phone=13800000001&password=skyconsole&device_id=t")
+                              .value("data").toObject().value("token").toString();
+    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
+    settings.setValue(QLatin1String(UserInfoGroupName) + QLatin1Char('/') + QLatin1String(UserInfoToken), token);
+    settings.sync();
+
+    m_pWindow->TestNetworkConnect();
+    QTRY_VERIFY_WITH_TIMEOUT(WifiOnline(), 8000);
+    auto* pushLink = m_pWindow->findChild<CLmTcpClientLink*>();
+    QVERIFY(pushLink);
+    QTRY_VERIFY_WITH_TIMEOUT(pushLink->IsConnected(), 8000);
+
+    const QByteArray adminToken =
+        cloud.Call("/admin/login", "username=admin&password=skyconsole").value("data").toObject().value("token")
+            .toString().toUtf8();
+    auto* badgeButton = m_pWindow->findChild<CLmTipPushButton*>(QStringLiteral("m_pBtnProjManager"));
+    QVERIFY(!badgeButton->IsTipVisible());
+    // The subscription may still be on its way: send until it arrives.
+    QTRY_VERIFY_WITH_TIMEOUT((cloud.CallWithHeader("/push/send", "phone=13800000001&action=project_share&message=m",
+                                                    "admin-token", adminToken),
+                              badgeButton->IsTipVisible()),
+                             8000);
+}
+
+void tst_NetworkState::newerApplicationIsOffered()
+{
+    CSkyCloudProcess cloud({QStringLiteral("--offer-updates")});
+    QVERIFY(cloud.Start());
+    PointAt(cloud.BaseUrl());
+    // Only the application's offer is looked at here.
+    qputenv("SKYCONSOLE_UPDATE_LAUNCHER_VERSION", "999.0");
+    CLmDeployConfig::Reload();
+
+    QString offer;
+    QObject scope;
+    ModalAnswer::PressWhenShown(QStringLiteral("m_pBtnCancel"), &offer, 15000, "CLmMessageBox", &scope);
+    m_pWindow->TestNetworkConnect();
+    QTRY_VERIFY_WITH_TIMEOUT(offer.contains(QLatin1String(" There is a new \"srtch\" version needs to be updated.")),
+                             15000);
+    qunsetenv("SKYCONSOLE_UPDATE_LAUNCHER_VERSION");
 }
 
 QTEST_MAIN(tst_NetworkState)

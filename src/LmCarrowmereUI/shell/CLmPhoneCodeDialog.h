@@ -1,0 +1,81 @@
+#pragma once
+
+#include "CLmBaseDialog.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QTimer>
+#include <QVector>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+// Base of the account dialogs that confirm a phone number with a verification
+// code from the cloud: the "Send code" button and its resend countdown, the
+// checks of the typed fields (shown in a status label, nothing is sent), and
+// the final form post, which ends in a success box and accepts the dialog.
+class CLmPhoneCodeDialog : public CLmBaseDialog
+{
+    Q_OBJECT
+public:
+    // Seconds the "Send code" button waits after a code was sent.
+    static constexpr int ResendWaitSeconds = 60;
+    static constexpr int MinimumPasswordLength = 6;
+
+    // The phone number as typed.
+    QString Phone() const;
+
+protected:
+    // One line edit of the form. An empty name marks a field that is only
+    // checked, never sent.
+    struct SFormField
+    {
+        QByteArray name;
+        QLineEdit* pEdit;
+        QString strMissingText;
+    };
+
+    struct SFormSetup
+    {
+        const char* sendCodePath;
+        const char* submitPath;
+        QString strSuccessText;
+        QLineEdit* pEditPhone;
+        QPushButton* pBtnSendCode;
+        QLineEdit* pEditPassword;
+        QLineEdit* pEditRepeat;
+        QPushButton* pBtnSubmit;
+        QLabel* pLabelStatus;
+        // Checked in this order; sent in this order.
+        QVector<SFormField> fields;
+    };
+
+    explicit CLmPhoneCodeDialog(QWidget* parent);
+    // Call once, after the generated form is set up.
+    void SetUpForm(SFormSetup setup);
+
+private Q_SLOTS:
+    void slotSendCode();
+    void slotSubmit();
+    void slotCountdownTick();
+
+private:
+    using RequestDone = void (CLmPhoneCodeDialog::*)();
+
+    bool CheckFields(const QVector<SFormField>& fields);
+    bool CheckPasswords();
+    const SFormField& PhoneField() const;
+    void Post(const char* path, const QVector<SFormField>& fields, QPushButton* pendingButton, RequestDone onDone);
+    void HandleReply(const QByteArray& reply, QPushButton* pendingButton, RequestDone onDone);
+    void ReportFailure(const QString& message, QPushButton* pendingButton);
+    void StartCountdown();
+    void ShowSecondsLeft();
+    void ShowCodeSent();
+    void FinishSubmit();
+
+    SFormSetup m_setup{};
+    QString m_strSendCodeText;
+    QTimer m_countdownTimer;
+    int m_iSecondsLeft = 0;
+};

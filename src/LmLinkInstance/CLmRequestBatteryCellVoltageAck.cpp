@@ -1,0 +1,42 @@
+#include "CLmRequestBatteryCellVoltageAck.h"
+
+#include "LmMavlinkMessages.h"
+
+#include <QMap>
+
+using LmMavlink::SBatteryStatus;
+
+namespace {
+
+// BATTERY_STATUS marks cells it does not have with this value.
+constexpr uint16_t kUnusedCell = UINT16_MAX;
+
+QStringList CellFields(const SBatteryStatus& status)
+{
+    QStringList cells;
+    for (int i = 0; i < CLmRequestBatteryCellVoltageAck::CellsPerBattery; ++i) {
+        const uint16_t cell = status.voltages[i];
+        cells << QString::number(cell == kUnusedCell ? 0 : cell);
+    }
+    return cells;
+}
+
+}  // namespace
+
+CLmRequestBatteryCellVoltageAck::CLmRequestBatteryCellVoltageAck(QObject* parent, CLmAckClock* pClock)
+    : CLmRequestMessageAck(LmMavlink::MSG_ID_BATTERY_STATUS, parent, pClock)
+{
+}
+
+void CLmRequestBatteryCellVoltageAck::Deliver(const QList<mavlink_message_t>& replies)
+{
+    QMap<int, QStringList> batteries;
+    for (const mavlink_message_t& reply : replies) {
+        const SBatteryStatus status = SBatteryStatus::unpack(reply);
+        batteries.insert(status.id, CellFields(status));
+    }
+    QStringList data;
+    for (const QStringList& cells : qAsConst(batteries))
+        data << cells;
+    emit BatteryCellVoltage(data);
+}

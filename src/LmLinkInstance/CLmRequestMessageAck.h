@@ -1,0 +1,29 @@
+#pragma once
+
+#include "CLMAckBase.h"
+
+#include <QList>
+
+// Asks the aircraft for one message type (MAV_CMD_REQUEST_MESSAGE) and
+// collects the replies (one per battery). The first reply also counts as the
+// acknowledgement, for aircraft that answer without a COMMAND_ACK. The
+// replies come back to back: the first other frame of the aircraft ends the
+// collection and hands the replies, in arrival order, to Deliver(). Nothing
+// is collected between a delivery and the next request.
+class CLmRequestMessageAck : public CLMAckBase
+{
+    Q_OBJECT
+public:
+    CLmRequestMessageAck(quint32 messageId, QObject* parent = nullptr, CLmAckClock* pClock = nullptr);
+
+    void DoCommand(const CLMCommandLongParam& param) override;
+
+protected:
+    void OnMessage(const mavlink_message_t& message) override;
+    virtual void Deliver(const QList<mavlink_message_t>& replies) = 0;
+
+private:
+    const quint32 m_nMessageId;
+    QList<mavlink_message_t> m_listReplies;
+    bool m_bCollecting = false;
+};
