@@ -5,7 +5,8 @@
 
 // Deployment data: where the cloud service, its web pages and push channel
 // live, which of the test and production services is used, the launch key
-// shared with the sibling applications and the help addresses.
+// shared with the sibling applications, the help addresses and how aircraft
+// are reached (UDP port, serial radios, heartbeat time-out).
 //
 // Sources, later ones winning:
 //   1. built-in defaults: the bundled emulators on loopback;
