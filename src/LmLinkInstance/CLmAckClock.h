@@ -19,5 +19,5 @@ signals:
     void timeout();
 
 private:
-    QTimer m_timer;
+    QTimer m_timer{this};
 };

@@ -67,7 +67,7 @@ void CLmUAVConnectObj::slotConnectSerialPort()
 {
     m_bSerialPortReleased = false;
     OpenSerialPorts();
-    if (!WantedSerialPorts().isEmpty() || m_strSerialPorts == QLatin1String("auto"))
+    if (UsesSerialPorts())
         m_serialScanTimer.start();
 }
 
@@ -106,14 +106,19 @@ void CLmUAVConnectObj::OpenSerialPorts()
     }
 }
 
+bool CLmUAVConnectObj::UsesSerialPorts() const
+{
+    return !m_strSerialPorts.isEmpty() && m_strSerialPorts != QLatin1String("none");
+}
+
 // "auto": every radio found by its USB vendor; empty or "none": no serial
 // port; otherwise a comma-separated list of device names.
 QStringList CLmUAVConnectObj::WantedSerialPorts() const
 {
+    if (!UsesSerialPorts())
+        return {};
     if (m_strSerialPorts == QLatin1String("auto"))
         return CLmSerialLink::AvailableRadioPorts();
-    if (m_strSerialPorts.isEmpty() || m_strSerialPorts == QLatin1String("none"))
-        return {};
     QStringList names;
     for (const QString& name : m_strSerialPorts.split(QLatin1Char(','), Qt::SkipEmptyParts))
         names << name.trimmed();

@@ -61,6 +61,7 @@ private:
     void ReadSettings();
     void OpenUdpListener();
     void OpenSerialPorts();
+    bool UsesSerialPorts() const;
     QStringList WantedSerialPorts() const;
     void WatchLink(CLmLinkProvide* pLink);
     void OnBytesReceived(CLmLinkProvide* pLink, const QByteArray& bytes);

@@ -135,8 +135,8 @@ private:
     const int m_iUasId;
     const int m_iComponentId;
     CLmMavlinkEncoder m_encoder;
-    QTimer m_heartbeatTimer;
-    QTimer m_heartbeatWatchdog;
+    QTimer m_heartbeatTimer{this};
+    QTimer m_heartbeatWatchdog{this};
 
     mutable QMutex m_identityMutex;
     QString m_strFirmware;

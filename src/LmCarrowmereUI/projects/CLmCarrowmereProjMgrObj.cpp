@@ -207,27 +207,42 @@ void CLmCarrowmereProjMgrObj::CountMissions(CLmDataBase& projectDb, SProjInfor& 
     CLmDataBase missionDb(CLmControl::GetInstance()->GetFlightMissionFilePath(info.strProjPath));
     if (!missionDb.Open(true))
         return;
+    // A mission counts when its project has its flight task, and is flown
+    // when it has a flight-log row. Both are read as sets, one statement
+    // each, rather than two statements per mission: a scan of thousands of
+    // projects spends its time in statements.
+    const QSet<QString> taskGuids = ColumnValues(projectDb, QStringLiteral("select flight_task_guid from flight_task"), {});
+    const QSet<QString> flownMissions = ColumnValues(
+        missionDb,
+        QStringLiteral("select distinct flight_mission_id from flight_monitor_detail_log where flight_mission_id in "
+                       "(select id from flight_mission where project_id = ?)"),
+        {info.strProjID});
     QSqlQuery missions(missionDb.Database());
     if (!missionDb.Exec(QStringLiteral("select id, flight_task_id from flight_mission where project_id = ?"),
                         {info.strProjID}, &missions))
         return;
-    QSqlQuery task(projectDb.Database());
-    task.prepare(QStringLiteral("select id from flight_task where flight_task_guid = ?"));
-    QSqlQuery flown(missionDb.Database());
-    flown.prepare(QStringLiteral("select id from flight_monitor_detail_log where flight_mission_id = ? limit 1"));
     int counted = 0;
     int flownCount = 0;
     while (missions.next()) {
-        task.addBindValue(missions.value(1));
-        if (!task.exec() || !task.next())
+        if (!taskGuids.contains(missions.value(1).toString()))
             continue;
         ++counted;
-        flown.addBindValue(missions.value(0));
-        if (flown.exec() && flown.next())
+        if (flownMissions.contains(missions.value(0).toString()))
             ++flownCount;
     }
     info.iMissionCount = std::max(info.iMissionCount, counted);
     info.iFlownCount = flownCount;
+}
+
+QSet<QString> CLmCarrowmereProjMgrObj::ColumnValues(CLmDataBase& db, const QString& sql, const QVariantList& values)
+{
+    QSet<QString> result;
+    QSqlQuery query(db.Database());
+    if (!db.Exec(sql, values, &query))
+        return result;
+    while (query.next())
+        result.insert(query.value(0).toString());
+    return result;
 }
 
 QStringList CLmCarrowmereProjMgrObj::ReadBlockCities(CLmDataBase& projectDb, const QString& projId) const

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QMap>
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QVariant>
 
@@ -68,6 +69,7 @@ private:
     // Local store.
     void ScanLocalProjects();
     QList<SProjInfor> ReadProjectFile(const QString& filePath, const QString& userId, bool withCities);
+    static QSet<QString> ColumnValues(CLmDataBase& db, const QString& sql, const QVariantList& values);
     void CountMissions(CLmDataBase& projectDb, SProjInfor& info) const;
     QStringList ReadBlockCities(CLmDataBase& projectDb, const QString& projId) const;
 
