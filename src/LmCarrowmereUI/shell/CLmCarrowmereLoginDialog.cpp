@@ -39,6 +39,8 @@ CLmCarrowmereLoginDialog::CLmCarrowmereLoginDialog(QWidget* parent, bool admin)
 {
     m_pUi->setupUi(ContentWidget());
     SetTitle(tr("Login Tolva Cloud"));
+    setMinimumWidth(360);
+    m_pUi->m_pEditAccount->setFocus();
     m_guardTimer.setSingleShot(true);
     connect(m_pUi->m_pBtnLogin, &QPushButton::clicked, this, &CLmCarrowmereLoginDialog::slotLogin);
     connect(m_pUi->m_pBtnForgot, &QPushButton::clicked, this, &CLmCarrowmereLoginDialog::slotForgetPWD);
