@@ -18,6 +18,17 @@ FormFields::FormFields(const httplib::Request& req)
         httplib::detail::parse_query_text(req.body, m_params);
 }
 
+FormFields::FormFields(const httplib::Request& req, const httplib::ContentReader& reader)
+    : m_params(req.params)
+{
+    std::string body;
+    reader([&body](const char* data, size_t length) {
+        body.append(data, length);
+        return true;
+    });
+    httplib::detail::parse_query_text(body, m_params);
+}
+
 QString FormFields::Value(const char* name) const
 {
     return Optional(name).value_or(QString());

@@ -13,6 +13,9 @@ class FormFields
 {
 public:
     explicit FormFields(const httplib::Request& req);
+    // The query and a posted form read by the handler itself, which is how
+    // bodies beyond the library's 8 KB form limit arrive.
+    FormFields(const httplib::Request& req, const httplib::ContentReader& reader);
 
     QString Value(const char* name) const;
     std::optional<QString> Optional(const char* name) const;

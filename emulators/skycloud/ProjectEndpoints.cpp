@@ -31,15 +31,7 @@ void ProjectEndpoints::List(const httplib::Request& req, httplib::Response& res)
 void ProjectEndpoints::UploadPosted(const httplib::Request& req, httplib::Response& res,
                                     const httplib::ContentReader& reader)
 {
-    std::string body;
-    reader([&body](const char* data, size_t length) {
-        body.append(data, length);
-        return true;
-    });
-    httplib::Params fields;
-    httplib::detail::parse_query_text(body, fields);
-    const auto data = fields.find("data");
-    StoreUpload(req, res, data == fields.end() ? QString() : QString::fromStdString(data->second));
+    StoreUpload(req, res, FormFields(req, reader).Value("data"));
 }
 
 void ProjectEndpoints::UploadQuery(const httplib::Request& req, httplib::Response& res)

@@ -1,6 +1,8 @@
 #include "CloudLog.h"
 #include "CloudServer.h"
 #include "CloudStore.h"
+#include "FlightEndpoints.h"
+#include "FlightStore.h"
 #include "ProjectEndpoints.h"
 #include "ProjectStore.h"
 #include "PushChannel.h"
@@ -96,9 +98,14 @@ int main(int argc, char* argv[])
     if (!projects.Open(&error))
         return Fail(error);
 
+    FlightStore flights(parser.value(dataOption));
+    if (!flights.Open(&error))
+        return Fail(error);
+
     PushChannel channel(store);
     CloudServer server(store, channel, shelf, parser.isSet(exposeCodesOption));
     server.AddGroup(std::make_unique<ProjectEndpoints>(store, projects));
+    server.AddGroup(std::make_unique<FlightEndpoints>(store, flights));
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));

@@ -41,6 +41,22 @@ QStringList CLmProjectSchema::MissionStatements()
             .arg(QLatin1String(FlightLogTableName)),
         QStringLiteral("CREATE INDEX IF NOT EXISTS idx_flight_log_mission ON %1(flight_mission_id)")
             .arg(QLatin1String(FlightLogTableName)),
+        QStringLiteral("CREATE TABLE IF NOT EXISTS %1 ("
+                       " id INTEGER PRIMARY KEY AUTOINCREMENT, flight_mission_id INTEGER NOT NULL,"
+                       " log_time TEXT NOT NULL, flight_mode INTEGER NOT NULL DEFAULT 0,"
+                       " gps_fix INTEGER NOT NULL DEFAULT 0, satellites INTEGER NOT NULL DEFAULT 0,"
+                       " voltage REAL NOT NULL DEFAULT 0, current REAL NOT NULL DEFAULT 0)")
+            .arg(QLatin1String(UasStatusTableName)),
+        QStringLiteral("CREATE INDEX IF NOT EXISTS idx_uas_status_mission ON %1(flight_mission_id)")
+            .arg(QLatin1String(UasStatusTableName)),
+        QStringLiteral("CREATE TABLE IF NOT EXISTS %1 ("
+                       " id INTEGER PRIMARY KEY AUTOINCREMENT, flight_mission_id INTEGER NOT NULL,"
+                       " photo_index INTEGER NOT NULL, shot_time TEXT NOT NULL, lat REAL NOT NULL, lng REAL NOT NULL,"
+                       " alt REAL NOT NULL, roll REAL NOT NULL DEFAULT 0, pitch REAL NOT NULL DEFAULT 0,"
+                       " yaw REAL NOT NULL DEFAULT 0)")
+            .arg(QLatin1String(PosDataTableName)),
+        QStringLiteral("CREATE INDEX IF NOT EXISTS idx_pos_data_mission ON %1(flight_mission_id)")
+            .arg(QLatin1String(PosDataTableName)),
     };
 }
 

@@ -1,0 +1,114 @@
+#include "FlightEndpoints.h"
+
+#include "Envelope.h"
+#include "FlightStore.h"
+#include "FormFields.h"
+
+#include <QJsonDocument>
+
+namespace {
+
+std::optional<qint64> MissionIdOf(const FormFields& fields)
+{
+    bool ok = false;
+    const qint64 id = fields.Value("flight_mission_id").toLongLong(&ok);
+    return ok ? std::optional<qint64>(id) : std::nullopt;
+}
+
+bool IsLogRow(const QJsonValue& value)
+{
+    return value.isObject() && value.toObject().value(QStringLiteral("id")).isDouble();
+}
+
+// The rows field: a JSON array of objects that each carry a numeric "id".
+std::optional<QJsonArray> RowsOf(const FormFields& fields)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(fields.Value("rows").toUtf8());
+    if (!document.isArray())
+        return std::nullopt;
+    const QJsonArray rows = document.array();
+    for (const QJsonValue& row : rows) {
+        if (!IsLogRow(row))
+            return std::nullopt;
+    }
+    return rows;
+}
+
+}  // namespace
+
+FlightEndpoints::FlightEndpoints(CloudStore& store, FlightStore& flights)
+    : m_flights(flights)
+    , m_guard(store)
+{
+}
+
+void FlightEndpoints::Register(httplib::Server& server)
+{
+    server.Get("/flight/upload", [this](const httplib::Request& req, httplib::Response& res) { UploadQuery(req, res); });
+    server.Post("/flight/upload",
+                [this](const httplib::Request& req, httplib::Response& res, const httplib::ContentReader& reader) {
+                    UploadPosted(req, res, reader);
+                });
+    Route(server, "/flight/listbytask", this, &FlightEndpoints::ListByTask);
+    Route(server, "/flight/getflog", this, &FlightEndpoints::GetFlightLog);
+}
+
+void FlightEndpoints::UploadPosted(const httplib::Request& req, httplib::Response& res,
+                                   const httplib::ContentReader& reader)
+{
+    StoreUpload(req, res, FormFields(req, reader));
+}
+
+void FlightEndpoints::UploadQuery(const httplib::Request& req, httplib::Response& res)
+{
+    StoreUpload(req, res, FormFields(req));
+}
+
+void FlightEndpoints::StoreUpload(const httplib::Request& req, httplib::Response& res, const FormFields& fields)
+{
+    const std::optional<Account> account = m_guard.RequireAccount(req, res);
+    if (!account || !fields.RequireAll({"project_id", "flight_mission_id", "rows"}, res))
+        return;
+    FlightStore::MissionUpload upload;
+    upload.projectId = fields.Value("project_id");
+    upload.mission = QJsonDocument::fromJson(fields.Value("mission").toUtf8()).object();
+    upload.taskId = fields.Optional("flight_task_id")
+                        .value_or(upload.mission.value(QStringLiteral("flight_task_id")).toString());
+    const std::optional<qint64> missionId = MissionIdOf(fields);
+    const std::optional<QJsonArray> rows = RowsOf(fields);
+    if (!missionId || !rows) {
+        Envelope::Fail(res, 400, missionId ? QStringLiteral("Invalid rows") : QStringLiteral("Invalid flight_mission_id"));
+        return;
+    }
+    upload.missionId = *missionId;
+    upload.rows = *rows;
+    if (const std::optional<QJsonObject> stored = m_flights.Upload(account->id, upload))
+        Envelope::Ok(res, *stored);
+    else
+        Envelope::Fail(res, 500, QStringLiteral("Cannot store the flight data"));
+}
+
+void FlightEndpoints::ListByTask(const httplib::Request& req, httplib::Response& res)
+{
+    const std::optional<Account> account = m_guard.RequireAccount(req, res);
+    const FormFields fields(req);
+    if (account && fields.RequireAll({"task_id"}, res))
+        Envelope::Ok(res, m_flights.MissionsOfTask(account->id, fields.Value("task_id")));
+}
+
+void FlightEndpoints::GetFlightLog(const httplib::Request& req, httplib::Response& res)
+{
+    const std::optional<Account> account = m_guard.RequireAccount(req, res);
+    const FormFields fields(req);
+    if (!account || !fields.RequireAll({"project_id", "flight_mission_id"}, res))
+        return;
+    const std::optional<qint64> missionId = MissionIdOf(fields);
+    if (!missionId) {
+        Envelope::Fail(res, 400, QStringLiteral("Invalid flight_mission_id"));
+        return;
+    }
+    if (const std::optional<QJsonArray> log = m_flights.FlightLog(account->id, fields.Value("project_id"), *missionId))
+        Envelope::Ok(res, *log);
+    else
+        Envelope::Fail(res, 404, QStringLiteral("Unknown flight mission"));
+}
