@@ -77,12 +77,6 @@ CLmCarrowmereMainWindow::CLmCarrowmereMainWindow(QWidget* parent)
             &CLmCarrowmereMainWindow::slotShowShareMessage);
     CheckShortcut();
 
-    m_bPressed = false;
-    m_ptDragOffset = QPoint();
-    m_pCurrentLink = nullptr;
-    m_iLaunchCount = 0;
-    m_pUsbDeviceLink = nullptr;
-
     m_pUi = std::make_unique<Ui::CLmCarrowmereWgt>();
     m_pUi->setupUi(this);
     m_pUi->m_pBtnProjManager->SetTipMargin(5, 5);
@@ -124,8 +118,6 @@ CLmCarrowmereMainWindow::CLmCarrowmereMainWindow(QWidget* parent)
     InitSystemInfo();
     ReadExistUsbDevice();
 
-    m_pFlightDataDbOperator = nullptr;
-    m_pNetWorkGlobal = nullptr;
     m_pLinkManager = new CLmLinkManager(this);
 
     m_pProjMgrWgt = new CLmProjMgrWgt(this);
@@ -664,10 +656,9 @@ void CLmCarrowmereMainWindow::slotAppBtnClicked()
 
 void CLmCarrowmereMainWindow::slotProcessStarted()
 {
+    // The UAV worker owns the aircraft links and lets them go on this signal.
     Q_EMIT freeSerialPort();
     m_pMaintainPage->ReleaseDeviceConnection();
-    if (m_pCurrentLink)
-        m_pLinkManager->DisconnectLink(m_pCurrentLink->GetLinkId());
     hide();
     if (m_process.arguments().value(0) == QLatin1String("VireoFly") && m_threadUpload.isRunning()) {
         m_threadUpload.quit();
@@ -680,8 +671,6 @@ void CLmCarrowmereMainWindow::slotProcessFinished(int exitCode, QProcess::ExitSt
     qCDebug(lcMainWnd) << "application ended" << exitCode << exitStatus;
     Q_EMIT connectSerialPort();
     m_pMaintainPage->RestoreDeviceConnection();
-    if (m_pCurrentLink)
-        m_pLinkManager->ConnectLink(m_pCurrentLink->GetLinkId());
     show();
     if (m_process.arguments().value(0) == QLatin1String("VireoFly") && !m_threadUpload.isRunning())
         m_threadUpload.start(QThread::InheritPriority);

@@ -128,8 +128,6 @@ private:
     CLmProjMgrWgt* m_pProjMgrWgt = nullptr;
     bool m_bPressed = false;
     QPoint m_ptDragOffset;
-    CLmLinkProvide* m_pCurrentLink = nullptr;
-    int m_iLaunchCount = 0;
     bool m_bFirstNetWorkAnswer = false;
     CLmMessageBox* m_pFirmwareNoticeBox = nullptr;
     QWebEngineView* m_pNewsView = nullptr;
