@@ -1,16 +1,17 @@
 #include "CLMAckBase.h"
 
-#include "CLmAckClock.h"
+#include "CLmClock.h"
 #include "CLmUasProvide.h"
 #include "LmLinkInstanceLog.h"
 #include "LmMavlinkEnums.h"
 
-CLMAckBase::CLMAckBase(QObject* parent, CLmAckClock* pClock)
+CLMAckBase::CLMAckBase(QObject* parent, CLmClock* pClock)
     : QObject(parent)
-    , m_pClock(pClock ? pClock : new CLmAckClock)
+    , m_pClock(pClock ? pClock : new CLmClock)
 {
     m_pClock->setParent(this);
-    connect(m_pClock, &CLmAckClock::timeout, this, &CLMAckBase::OnRetryDue);
+    m_pClock->SetSingleShot(true);
+    connect(m_pClock, &CLmClock::timeout, this, &CLMAckBase::OnRetryDue);
 }
 
 void CLMAckBase::SetUAS(CLmUasProvide* pUas)

@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
-class CLmAckClock;
+class CLmClock;
 class CLmUasProvide;
 
 // A command to the aircraft that is sent again until the aircraft
@@ -21,7 +21,7 @@ class CLMAckBase : public QObject
     Q_OBJECT
 public:
     // Takes the clock; a real timer when null.
-    explicit CLMAckBase(QObject* parent = nullptr, CLmAckClock* pClock = nullptr);
+    explicit CLMAckBase(QObject* parent = nullptr, CLmClock* pClock = nullptr);
 
     void SetUAS(CLmUasProvide* pUas);
     CLmUasProvide* GetUAS() const;
@@ -50,7 +50,7 @@ private:
     void GiveUp();
 
     QPointer<CLmUasProvide> m_pUas;
-    CLmAckClock* m_pClock;
+    CLmClock* m_pClock;
     CLMCommandLongParam m_param;
     int m_iRetriesLeft = 0;
     int m_iIntervalMs = 0;

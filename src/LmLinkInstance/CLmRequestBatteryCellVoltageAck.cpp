@@ -23,7 +23,7 @@ QStringList CellFields(const SBatteryStatus& status)
 
 }  // namespace
 
-CLmRequestBatteryCellVoltageAck::CLmRequestBatteryCellVoltageAck(QObject* parent, CLmAckClock* pClock)
+CLmRequestBatteryCellVoltageAck::CLmRequestBatteryCellVoltageAck(QObject* parent, CLmClock* pClock)
     : CLmRequestMessageAck(LmMavlink::MSG_ID_BATTERY_STATUS, parent, pClock)
 {
 }

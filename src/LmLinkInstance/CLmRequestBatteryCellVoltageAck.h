@@ -13,7 +13,7 @@ class CLmRequestBatteryCellVoltageAck : public CLmRequestMessageAck
 public:
     static constexpr int CellsPerBattery = 8;
 
-    explicit CLmRequestBatteryCellVoltageAck(QObject* parent = nullptr, CLmAckClock* pClock = nullptr);
+    explicit CLmRequestBatteryCellVoltageAck(QObject* parent = nullptr, CLmClock* pClock = nullptr);
 
 signals:
     void BatteryCellVoltage(QStringList data);

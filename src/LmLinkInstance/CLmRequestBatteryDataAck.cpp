@@ -24,7 +24,7 @@ QStringList BatteryFields(const SSmartBatteryInfo& info)
 
 }  // namespace
 
-CLmRequestBatteryDataAck::CLmRequestBatteryDataAck(QObject* parent, CLmAckClock* pClock)
+CLmRequestBatteryDataAck::CLmRequestBatteryDataAck(QObject* parent, CLmClock* pClock)
     : CLmRequestMessageAck(LmMavlink::MSG_ID_SMART_BATTERY_INFO, parent, pClock)
 {
 }

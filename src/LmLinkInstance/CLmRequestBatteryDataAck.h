@@ -13,7 +13,7 @@ class CLmRequestBatteryDataAck : public CLmRequestMessageAck
 {
     Q_OBJECT
 public:
-    explicit CLmRequestBatteryDataAck(QObject* parent = nullptr, CLmAckClock* pClock = nullptr);
+    explicit CLmRequestBatteryDataAck(QObject* parent = nullptr, CLmClock* pClock = nullptr);
 
 signals:
     void BatteryData(QStringList data);

@@ -2,7 +2,7 @@
 
 #include "LmMavlinkMessages.h"
 
-CLmRequestMessageAck::CLmRequestMessageAck(quint32 messageId, QObject* parent, CLmAckClock* pClock)
+CLmRequestMessageAck::CLmRequestMessageAck(quint32 messageId, QObject* parent, CLmClock* pClock)
     : CLMAckBase(parent, pClock)
     , m_nMessageId(messageId)
 {

@@ -14,7 +14,7 @@ class CLmRequestMessageAck : public CLMAckBase
 {
     Q_OBJECT
 public:
-    CLmRequestMessageAck(quint32 messageId, QObject* parent = nullptr, CLmAckClock* pClock = nullptr);
+    CLmRequestMessageAck(quint32 messageId, QObject* parent = nullptr, CLmClock* pClock = nullptr);
 
     void DoCommand(const CLMCommandLongParam& param) override;
 

@@ -3,7 +3,7 @@
 #include "CLmControl.h"
 #include "CLmFlightDataWriter.h"
 #include "CLmUpLoadObject.h"
-#include "CLmUploadClock.h"
+#include "CLmClock.h"
 #include "LmConstants.h"
 
 #include <QDir>
@@ -44,13 +44,13 @@ CLmFlightDataDbOperator::CLmFlightDataDbOperator(QObject* parent, EUploadEnv env
 {
 }
 
-CLmFlightDataDbOperator::CLmFlightDataDbOperator(QObject* parent, EUploadEnv env, CLmUploadClock* clock)
+CLmFlightDataDbOperator::CLmFlightDataDbOperator(QObject* parent, EUploadEnv env, CLmClock* clock)
     : QObject(parent)
     , m_eEnv(SupportedEnv(env))
-    , m_pClock(clock ? clock : new CLmUploadClock)
+    , m_pClock(clock ? clock : new CLmClock)
 {
     m_pClock->setParent(this);
-    connect(m_pClock, &CLmUploadClock::timeout, this, &CLmFlightDataDbOperator::slotCheckNewData);
+    connect(m_pClock, &CLmClock::timeout, this, &CLmFlightDataDbOperator::slotCheckNewData);
 }
 
 void CLmFlightDataDbOperator::SetFlightMissionFilePath(const QString& filePath)

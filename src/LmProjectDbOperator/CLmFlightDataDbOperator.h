@@ -9,7 +9,7 @@
 #include <QStringList>
 
 class CLmUpLoadObject;
-class CLmUploadClock;
+class CLmClock;
 
 // Where a check sends the flight data it finds:
 //   0 nowhere: the check only counts what is pending (NewDataChecked);
@@ -41,7 +41,7 @@ public:
 
     CLmFlightDataDbOperator(QObject* parent, EUploadEnv env);
     // The uploader owns the clock; tests pass one they step by hand.
-    CLmFlightDataDbOperator(QObject* parent, EUploadEnv env, CLmUploadClock* clock);
+    CLmFlightDataDbOperator(QObject* parent, EUploadEnv env, CLmClock* clock);
 
     // Limits the checks to this one mission database (empty: the user's
     // mission folder). Call before the object is moved to its thread.
@@ -83,7 +83,7 @@ private:
     CLmUpLoadObject* UploadObject();
 
     EUploadEnv m_eEnv;
-    CLmUploadClock* m_pClock;
+    CLmClock* m_pClock;
     CLmUpLoadObject* m_pUpload = nullptr;
     QString m_strFlightMissionFilePath;
     QList<CLmFlightUploadState::SMission> m_listPending;

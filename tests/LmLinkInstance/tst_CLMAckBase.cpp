@@ -1,5 +1,5 @@
 #include "CLMAckBase.h"
-#include "CLmAckClock.h"
+#include "CLmClock.h"
 #include "CLmLinkProvide.h"
 #include "CLmMavlinkEncoder.h"
 #include "CLmMavlinkParser.h"
@@ -43,7 +43,7 @@ private:
 };
 
 // A clock the test moves forward by hand.
-class FakeClock : public CLmAckClock
+class FakeClock : public CLmClock
 {
 public:
     void Start(int ms) override { m_iRemainingMs = ms; }

@@ -1,7 +1,7 @@
 #include "CLmDataBase.h"
 #include "CLmFlightDataDbOperator.h"
 #include "CLmProjectGenerator.h"
-#include "CLmUploadClock.h"
+#include "CLmClock.h"
 #include "LmProjectConstants.h"
 
 #include <QFile>
@@ -14,7 +14,7 @@
 
 namespace {
 
-class CFakeUploadClock : public CLmUploadClock
+class CFakeUploadClock : public CLmClock
 {
 public:
     void Start(int ms) override
