@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonObject>
+#include "TestSession.h"
+
 #include <QSettings>
 #include <QTcpServer>
 #include <QThread>
@@ -19,21 +21,8 @@
 
 namespace {
 
-void SetSession(const QString& token, const QString& userId)
-{
-    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
-    settings.beginGroup(QLatin1String(UserInfoGroupName));
-    settings.setValue(QLatin1String(UserInfoToken), token);
-    settings.setValue(QLatin1String(UserInfoUserID), userId);
-    settings.endGroup();
-    settings.sync();
-}
-
-void PointCloudAt(const QByteArray& baseUrl)
-{
-    qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", baseUrl);
-    CLmDeployConfig::Reload();
-}
+using TestSession::PointCloudAt;
+using TestSession::SetSession;
 
 CLmProjectGenerator::SOptions Missions(int missions, int flown, int rowsPerFlight)
 {

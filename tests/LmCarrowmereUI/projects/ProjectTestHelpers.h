@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CLmProjectGenerator.h"
+#include "TestSession.h"
 
 #include <QByteArray>
 #include <QJsonArray>
@@ -9,8 +10,8 @@
 // Session, cloud address and project files for the synchronisation tests.
 namespace ProjectTestHelpers {
 
-void SetSession(const QString& token, const QString& userId);
-void PointCloudAt(const QByteArray& baseUrl);
+using TestSession::PointCloudAt;
+using TestSession::SetSession;
 QString ProjectRoot();
 void ClearProjectRoot();
 

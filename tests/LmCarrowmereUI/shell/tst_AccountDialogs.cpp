@@ -6,6 +6,7 @@
 #include "CSkyCloudProcess.h"
 #include "ModalAnswer.h"
 
+#include "TestSession.h"
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QJsonObject>
@@ -100,7 +101,6 @@ private Q_SLOTS:
     void registerButtonFillsTheAccountAfterRegistration();
 
 private:
-    void PointAt(const QByteArray& baseUrl);
     // Presses "Send code" and checks the countdown started; then asks the
     // cloud itself for a fresh code (it replaces the dialog's) and returns it.
     QString SendCodeAndFetch(QWidget& dialog, const QByteArray& codePath, const QString& phone);
@@ -116,13 +116,7 @@ void tst_AccountDialogs::initTestCase()
 
 void tst_AccountDialogs::init()
 {
-    PointAt(m_cloud.BaseUrl());
-}
-
-void tst_AccountDialogs::PointAt(const QByteArray& baseUrl)
-{
-    qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", baseUrl);
-    CLmDeployConfig::Reload();
+    TestSession::PointCloudAt(m_cloud.BaseUrl());
 }
 
 QString tst_AccountDialogs::SendCodeAndFetch(QWidget& dialog, const QByteArray& codePath, const QString& phone)
@@ -241,7 +235,7 @@ void tst_AccountDialogs::localChecksSendNothing()
     QFETCH(QString, expected);
 
     CCannedHttpPeer peer(CCannedHttpPeer::Reply("200 OK", R"({"status":0,"message":"OK","data":{}})"));
-    PointAt(peer.BaseUrl());
+    TestSession::PointCloudAt(peer.BaseUrl());
     std::unique_ptr<CLmPhoneCodeDialog> dialog = MakeDialog(kind);
     dialog->show();
     Edit(*dialog, "m_pEditPhone")->setText(phone);
@@ -277,7 +271,7 @@ void tst_AccountDialogs::serviceRefusalShowsItsMessage()
 
     CCannedHttpPeer peer(cannedReply);
     if (!cannedReply.isEmpty())
-        PointAt(peer.BaseUrl());
+        TestSession::PointCloudAt(peer.BaseUrl());
     CLmForgetPasswordDialog dialog;
     dialog.show();
     Edit(dialog, "m_pEditPhone")->setText(QStringLiteral("13800000001"));

@@ -6,6 +6,7 @@
 #include "LmConstants.h"
 #include "ModalAnswer.h"
 
+#include "TestSession.h"
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -31,7 +32,6 @@ private Q_SLOTS:
 
 private:
     void StoreSession(const QString& token);
-    void PointAt(const QByteArray& baseUrl);
     QString UserLabel() const;
     bool AccountButtonsEnabled() const;
 
@@ -66,12 +66,6 @@ void tst_AccountSession::StoreSession(const QString& token)
     settings.setValue(QStringLiteral("AutoLogin"), true);
 }
 
-void tst_AccountSession::PointAt(const QByteArray& baseUrl)
-{
-    qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", baseUrl);
-    CLmDeployConfig::Reload();
-}
-
 QString tst_AccountSession::UserLabel() const
 {
     return m_pWindow->findChild<QLabel*>(QStringLiteral("m_pLabelUserName"))->text();
@@ -93,7 +87,7 @@ void tst_AccountSession::noTokenAsksToLogIn()
 void tst_AccountSession::offlineStartTrustsTheStoredSession()
 {
     CCannedHttpPeer peer(CCannedHttpPeer::Reply("200 OK", "{}"));
-    PointAt(peer.BaseUrl());
+    TestSession::PointCloudAt(peer.BaseUrl());
     StoreSession(QStringLiteral("stored-token"));
     CLmControl::GetInstance()->SetNetWorkState(false);
 
@@ -110,7 +104,7 @@ void tst_AccountSession::refusedCheckWithCancelledLoginClearsTheSession()
 {
     CCannedHttpPeer peer(
         CCannedHttpPeer::Reply("401 Unauthorized", R"({"status":401,"message":"Invalid token","data":{}})"));
-    PointAt(peer.BaseUrl());
+    TestSession::PointCloudAt(peer.BaseUrl());
     StoreSession(QStringLiteral("expired-token"));
     CLmControl::GetInstance()->SetNetWorkState(true);
 
@@ -138,7 +132,7 @@ void tst_AccountSession::acceptedCheckRestoresTheSession()
 {
     CSkyCloudProcess cloud;
     QVERIFY(cloud.Start());
-    PointAt(cloud.BaseUrl());
+    TestSession::PointCloudAt(cloud.BaseUrl());
     const QJsonObject login =
         cloud.Call("/user/login", "phone=13800000002&password=skyconsole&device_id=x").value("data").toObject();
     StoreSession(login.value(QStringLiteral("token")).toString());
@@ -153,7 +147,7 @@ void tst_AccountSession::signInFromTheAvatar()
 {
     CSkyCloudProcess cloud;
     QVERIFY(cloud.Start());
-    PointAt(cloud.BaseUrl());
+    TestSession::PointCloudAt(cloud.BaseUrl());
     CLmControl::GetInstance()->SetNetWorkState(true);
 
     QTimer::singleShot(0, this, [] {

@@ -5,6 +5,7 @@
 #include "LmConstants.h"
 #include "ModalAnswer.h"
 
+#include "TestSession.h"
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
@@ -24,7 +25,6 @@ private Q_SLOTS:
     void loginButtonIgnoresClicksForOneSecond();
 
 private:
-    void PointAt(const QByteArray& baseUrl);
     void Fill(CLmCarrowmereLoginDialog& dialog, const QString& account, const QString& password);
     QSettings* UserSettings();
 
@@ -39,16 +39,10 @@ void tst_CLmCarrowmereLoginDialog::initTestCase()
 
 void tst_CLmCarrowmereLoginDialog::init()
 {
-    PointAt(m_cloud.BaseUrl());
+    TestSession::PointCloudAt(m_cloud.BaseUrl());
     m_pSettings = std::make_unique<QSettings>(QLatin1String(OrganizationName), QLatin1String(CloundApplicationName));
     m_pSettings->clear();
     m_pSettings->sync();
-}
-
-void tst_CLmCarrowmereLoginDialog::PointAt(const QByteArray& baseUrl)
-{
-    qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", baseUrl);
-    CLmDeployConfig::Reload();
 }
 
 void tst_CLmCarrowmereLoginDialog::Fill(CLmCarrowmereLoginDialog& dialog, const QString& account,
@@ -118,7 +112,7 @@ void tst_CLmCarrowmereLoginDialog::wrongPasswordShowsTheServiceText()
 void tst_CLmCarrowmereLoginDialog::emptyDataChangesNothing()
 {
     CCannedHttpPeer peer(CCannedHttpPeer::Reply("200 OK", R"({"status":0,"message":"OK","data":{}})"));
-    PointAt(peer.BaseUrl());
+    TestSession::PointCloudAt(peer.BaseUrl());
     CLmCarrowmereLoginDialog dialog(nullptr, false);
     QSignalSpy accepted(&dialog, &CLmCarrowmereLoginDialog::LoginAccept);
     dialog.show();
@@ -135,7 +129,7 @@ void tst_CLmCarrowmereLoginDialog::emptyDataChangesNothing()
 void tst_CLmCarrowmereLoginDialog::loginButtonIgnoresClicksForOneSecond()
 {
     CCannedHttpPeer silent({}, false);
-    PointAt(silent.BaseUrl());
+    TestSession::PointCloudAt(silent.BaseUrl());
     CLmCarrowmereLoginDialog dialog(nullptr, false);
     dialog.show();
     Fill(dialog, QStringLiteral("13800000001"), QStringLiteral("skyconsole"));

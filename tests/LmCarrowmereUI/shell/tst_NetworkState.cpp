@@ -9,6 +9,7 @@
 #include "LmConstants.h"
 #include "ModalAnswer.h"
 
+#include "TestSession.h"
 #include <QPointer>
 #include <QPushButton>
 #include <QSettings>
@@ -53,7 +54,6 @@ private Q_SLOTS:
     void newerApplicationIsOffered();
 
 private:
-    void PointAt(const QByteArray& baseUrl);
     bool WifiOnline() const;
     QWebEngineView* NewsView() const;
 
@@ -82,12 +82,6 @@ void tst_NetworkState::cleanup()
                  qPrintable(warning));
 }
 
-void tst_NetworkState::PointAt(const QByteArray& baseUrl)
-{
-    qputenv("SKYCONSOLE_CLOUD_PRODUCTION_URL", baseUrl);
-    CLmDeployConfig::Reload();
-}
-
 bool tst_NetworkState::WifiOnline() const
 {
     return m_pWindow->findChild<QPushButton*>(QStringLiteral("m_pBtnNetWorkState"))
@@ -104,7 +98,7 @@ void tst_NetworkState::firstAnswerOnlineShowsTheNews()
 {
     CSkyCloudProcess cloud;
     QVERIFY(cloud.Start());
-    PointAt(cloud.BaseUrl());
+    TestSession::PointCloudAt(cloud.BaseUrl());
 
     m_pWindow->ConnectSerialPort();
     m_pWindow->ConnectUploadData();
@@ -120,7 +114,7 @@ void tst_NetworkState::firstAnswerOnlineShowsTheNews()
 void tst_NetworkState::firstAnswerOfflineNeverStartsOnlineWork()
 {
     const quint16 port = FreePort();
-    PointAt("http://127.0.0.1:" + QByteArray::number(port));
+    TestSession::PointCloudAt("http://127.0.0.1:" + QByteArray::number(port));
     m_pWindow->TestNetworkConnect();
     QTest::qWait(1500);
     QVERIFY(!WifiOnline());
@@ -140,7 +134,7 @@ void tst_NetworkState::pushNotificationReachesTheSignedInUser()
 {
     CSkyCloudProcess cloud;
     QVERIFY(cloud.Start());
-    PointAt(cloud.BaseUrl());
+    TestSession::PointCloudAt(cloud.BaseUrl());
     qputenv("SKYCONSOLE_CLOUD_PUSH_ADDRESS", "127.0.0.1:" + QByteArray::number(cloud.PushPort()));
     CLmDeployConfig::Reload();
     const QString token = cloud.Call("/user/login", "phone=13800000001&password=skyconsole&device_id=t")
@@ -171,7 +165,7 @@ void tst_NetworkState::newerApplicationIsOffered()
 {
     CSkyCloudProcess cloud({QStringLiteral("--offer-updates")});
     QVERIFY(cloud.Start());
-    PointAt(cloud.BaseUrl());
+    TestSession::PointCloudAt(cloud.BaseUrl());
     // Only the application's offer is looked at here.
     qputenv("SKYCONSOLE_UPDATE_LAUNCHER_VERSION", "999.0");
     CLmDeployConfig::Reload();
