@@ -12,6 +12,9 @@
 
 #include <QDate>
 #include <QDir>
+#include <QtConcurrent/QtConcurrentMap>
+
+#include <functional>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -100,7 +103,7 @@ void CLmCarrowmereProjMgrObj::slotDownloadPrjectWithProjID(QString strProjID)
 
 void CLmCarrowmereProjMgrObj::slotReadLocalProject(QString strProjectPath)
 {
-    for (const SProjInfor& info : ReadProjectFile(strProjectPath, GetCurUserInfo().strUserID, false)) {
+    for (const SProjInfor& info : ReadProjectFile(strProjectPath, GetCurUserInfo().strUserID, false).listProjects) {
         m_mapLocalProj.insert(info.strProjID, info);
         Q_EMIT LocalProjInforOne(info);
     }
@@ -157,33 +160,59 @@ void CLmCarrowmereProjMgrObj::ScanLocalProjects()
     const QString userId = GetCurUserInfo().strUserID;
     const QDir root(CLmControl::GetInstance()->GetProjectDirPath());
     const QStringList folders = root.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-    for (int i = 0; i < folders.size(); ++i) {
-        const QDir folder(root.filePath(folders.at(i)));
-        const QStringList files = folder.entryList({QLatin1String(ProjectFileFilter)}, QDir::Files, QDir::Name);
-        for (const QString& file : files) {
-            for (const SProjInfor& info : ReadProjectFile(folder.filePath(file), userId, true)) {
-                m_mapLocalProj.insert(info.strProjID, info);
-                Q_EMIT LocalProjInfor(info);
-            }
+    // The files are read on the thread pool, a batch of folders at a time;
+    // what they hold is reported here, folder by folder, in name order.
+    constexpr int kFoldersPerBatch = 64;
+    const std::function<QList<SLocalProjectFile>(const QString&)> readFolder = [&root, &userId](const QString& name) {
+        return ReadProjectFolder(root.filePath(name), userId);
+    };
+    for (int first = 0; first < folders.size(); first += kFoldersPerBatch) {
+        const QList<QList<SLocalProjectFile>> read =
+            QtConcurrent::blockingMapped<QList<QList<SLocalProjectFile>>>(folders.mid(first, kFoldersPerBatch),
+                                                                          readFolder);
+        for (int i = 0; i < read.size(); ++i) {
+            for (const SLocalProjectFile& file : read.at(i))
+                ReportLocalProjectFile(file);
+            Q_EMIT SynchProjMsg(SynchProMsgLocalProgress, QString::number(Percent(first + i + 1, folders.size())));
         }
-        Q_EMIT SynchProjMsg(SynchProMsgLocalProgress, QString::number(Percent(i + 1, folders.size())));
     }
 }
 
-QList<SProjInfor> CLmCarrowmereProjMgrObj::ReadProjectFile(const QString& filePath, const QString& userId,
-                                                           bool withCities)
+void CLmCarrowmereProjMgrObj::ReportLocalProjectFile(const SLocalProjectFile& file)
 {
-    QList<SProjInfor> projects;
+    for (const SProjInfor& info : file.listProjects) {
+        m_mapLocalProj.insert(info.strProjID, info);
+        Q_EMIT LocalProjInfor(info);
+    }
+    for (const auto& cities : file.listCities)
+        Q_EMIT LocalBlockCity(cities.first, cities.second);
+}
+
+QList<CLmCarrowmereProjMgrObj::SLocalProjectFile> CLmCarrowmereProjMgrObj::ReadProjectFolder(const QString& folderPath,
+                                                                                            const QString& userId)
+{
+    QList<SLocalProjectFile> files;
+    const QDir folder(folderPath);
+    for (const QString& file : folder.entryList({QLatin1String(ProjectFileFilter)}, QDir::Files, QDir::Name))
+        files.append(ReadProjectFile(folder.filePath(file), userId, true));
+    return files;
+}
+
+CLmCarrowmereProjMgrObj::SLocalProjectFile CLmCarrowmereProjMgrObj::ReadProjectFile(const QString& filePath,
+                                                                                   const QString& userId,
+                                                                                   bool withCities)
+{
+    SLocalProjectFile result;
     CLmDataBase projectDb(filePath);
     if (!projectDb.Open(true)) {
         qCWarning(lcProjSynch) << "DB Open failed" << filePath;
-        return projects;
+        return result;
     }
     QSqlQuery rows(projectDb.Database());
     if (!projectDb.Exec(QStringLiteral("select * from %1 where user_id = ?").arg(QLatin1String(ProjectTableName)),
                         {userId}, &rows)) {
         qCWarning(lcProjSynch) << "not a readable project database:" << filePath;
-        return projects;
+        return result;
     }
     while (rows.next()) {
         SProjInfor info;
@@ -191,61 +220,58 @@ QList<SProjInfor> CLmCarrowmereProjMgrObj::ReadProjectFile(const QString& filePa
         info.strProjID = rows.value(QStringLiteral("id")).toString();
         info.strUpdateTime = rows.value(QStringLiteral("updated_at")).toString();
         info.strProjPath = filePath;
-        projects.append(info);
+        result.listProjects.append(info);
     }
     rows.finish();
-    for (SProjInfor& info : projects) {
+    for (SProjInfor& info : result.listProjects) {
         CountMissions(projectDb, info);
         if (withCities)
-            Q_EMIT LocalBlockCity(info.strProjID, ReadBlockCities(projectDb, info.strProjID));
+            result.listCities.append({info.strProjID, ReadBlockCities(projectDb, info.strProjID)});
     }
-    return projects;
+    return result;
 }
 
-void CLmCarrowmereProjMgrObj::CountMissions(CLmDataBase& projectDb, SProjInfor& info) const
+void CLmCarrowmereProjMgrObj::CountMissions(CLmDataBase& projectDb, SProjInfor& info)
 {
     CLmDataBase missionDb(CLmControl::GetInstance()->GetFlightMissionFilePath(info.strProjPath));
     if (!missionDb.Open(true))
         return;
     // A mission counts when its project has its flight task, and is flown
-    // when it has a flight-log row. Both are read as sets, one statement
-    // each, rather than two statements per mission: a scan of thousands of
-    // projects spends its time in statements.
-    const QSet<QString> taskGuids = ColumnValues(projectDb, QStringLiteral("select flight_task_guid from flight_task"), {});
-    const QSet<QString> flownMissions = ColumnValues(
-        missionDb,
-        QStringLiteral("select distinct flight_mission_id from flight_monitor_detail_log where flight_mission_id in "
-                       "(select id from flight_mission where project_id = ?)"),
-        {info.strProjID});
+    // when it has a flight-log row. The tasks are read as a set and the
+    // flown test rides along with the missions, so a project costs a few
+    // statements however many missions it has.
+    const QSet<QString> taskGuids = TaskGuids(projectDb);
     QSqlQuery missions(missionDb.Database());
-    if (!missionDb.Exec(QStringLiteral("select id, flight_task_id from flight_mission where project_id = ?"),
+    if (!missionDb.Exec(QStringLiteral("select m.flight_task_id,"
+                                       " exists (select 1 from flight_monitor_detail_log l where l.flight_mission_id = m.id)"
+                                       " from flight_mission m where m.project_id = ?"),
                         {info.strProjID}, &missions))
         return;
     int counted = 0;
     int flownCount = 0;
     while (missions.next()) {
-        if (!taskGuids.contains(missions.value(1).toString()))
+        if (!taskGuids.contains(missions.value(0).toString()))
             continue;
         ++counted;
-        if (flownMissions.contains(missions.value(0).toString()))
+        if (missions.value(1).toBool())
             ++flownCount;
     }
     info.iMissionCount = std::max(info.iMissionCount, counted);
     info.iFlownCount = flownCount;
 }
 
-QSet<QString> CLmCarrowmereProjMgrObj::ColumnValues(CLmDataBase& db, const QString& sql, const QVariantList& values)
+QSet<QString> CLmCarrowmereProjMgrObj::TaskGuids(CLmDataBase& projectDb)
 {
-    QSet<QString> result;
-    QSqlQuery query(db.Database());
-    if (!db.Exec(sql, values, &query))
-        return result;
-    while (query.next())
-        result.insert(query.value(0).toString());
-    return result;
+    QSet<QString> guids;
+    QSqlQuery tasks(projectDb.Database());
+    if (!projectDb.Exec(QStringLiteral("select flight_task_guid from flight_task"), {}, &tasks))
+        return guids;
+    while (tasks.next())
+        guids.insert(tasks.value(0).toString());
+    return guids;
 }
 
-QStringList CLmCarrowmereProjMgrObj::ReadBlockCities(CLmDataBase& projectDb, const QString& projId) const
+QStringList CLmCarrowmereProjMgrObj::ReadBlockCities(CLmDataBase& projectDb, const QString& projId)
 {
     QStringList cities;
     QSqlQuery areas(projectDb.Database());

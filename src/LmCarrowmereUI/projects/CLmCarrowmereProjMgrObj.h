@@ -7,6 +7,7 @@
 #include <QList>
 #include <QMap>
 #include <QObject>
+#include <QPair>
 #include <QSet>
 #include <QString>
 #include <QVariant>
@@ -67,11 +68,20 @@ Q_SIGNALS:
 
 private:
     // Local store.
+    // What one project file holds for the signed-in user. Reading it touches
+    // no member, so files are read on the thread pool.
+    struct SLocalProjectFile
+    {
+        QList<SProjInfor> listProjects;
+        QList<QPair<QString, QStringList>> listCities;  // project id, cities of its survey areas
+    };
     void ScanLocalProjects();
-    QList<SProjInfor> ReadProjectFile(const QString& filePath, const QString& userId, bool withCities);
-    static QSet<QString> ColumnValues(CLmDataBase& db, const QString& sql, const QVariantList& values);
-    void CountMissions(CLmDataBase& projectDb, SProjInfor& info) const;
-    QStringList ReadBlockCities(CLmDataBase& projectDb, const QString& projId) const;
+    void ReportLocalProjectFile(const SLocalProjectFile& file);
+    static QList<SLocalProjectFile> ReadProjectFolder(const QString& folderPath, const QString& userId);
+    static SLocalProjectFile ReadProjectFile(const QString& filePath, const QString& userId, bool withCities);
+    static void CountMissions(CLmDataBase& projectDb, SProjInfor& info);
+    static QSet<QString> TaskGuids(CLmDataBase& projectDb);
+    static QStringList ReadBlockCities(CLmDataBase& projectDb, const QString& projId);
 
     // Cloud list and classification.
     void RequestProjectList();
