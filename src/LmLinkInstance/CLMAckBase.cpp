@@ -85,6 +85,9 @@ void CLMAckBase::OnMessage(const mavlink_message_t&) {}
 
 void CLMAckBase::OnCommandAck(int command, int result)
 {
+    // Matched against the caller's command: a message request's answer is
+    // the message itself, since an acknowledgement of "request message"
+    // cannot tell which of several pending requests it answers.
     if (!m_bWaiting || command != m_param.command)
         return;
     switch (result) {

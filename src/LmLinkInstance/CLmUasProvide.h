@@ -55,11 +55,11 @@ public:
     // Asks for the type's status list (fixed-wing or multirotor) at the
     // aircraft's default rate.
     virtual void StartStatusStream();
-    void RequestParachuteNum();
-    void ResetParachuteRope();
-    void SendCommandLong(int command, int confirmation, float param1, float param2, float param3, float param4,
+    virtual void RequestParachuteNum();
+    virtual void ResetParachuteRope();
+    virtual void SendCommandLong(int command, int confirmation, float param1, float param2, float param3, float param4,
                          float param5, float param6, float param7, int targetComponent);
-    void SendCommandLong(const CLMCommandLongParam& param);
+    virtual void SendCommandLong(const CLMCommandLongParam& param);
     void RequestMessage(quint32 messageId, int confirmation = 0);
     void RequestLogList(quint16 start, quint16 end);
     // count 0xFFFFFFFF asks for everything from offset to the end.

@@ -12,16 +12,29 @@ CCannedHttpPeer::CCannedHttpPeer(QByteArray rawAnswer, bool answers)
         ++m_iRequests;
         m_lastRequest.clear();
         // A request may arrive in several pieces (headers, then the body);
-        // the answer goes out once the headers are complete.
+        // the answer goes out once all of it is here, once.
         connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
-            const bool headersWereComplete = m_lastRequest.contains("\r\n\r\n");
             m_lastRequest += socket->readAll();
-            if (!m_bAnswers || headersWereComplete || !m_lastRequest.contains("\r\n\r\n"))
+            if (!m_bAnswers || socket->property("answered").toBool() || !IsComplete(m_lastRequest))
                 return;
+            socket->setProperty("answered", true);
             socket->write(m_answer);
             socket->disconnectFromHost();
         });
     });
+}
+
+bool CCannedHttpPeer::IsComplete(const QByteArray& request)
+{
+    const int headerEnd = request.indexOf("\r\n\r\n");
+    if (headerEnd < 0)
+        return false;
+    int bodyLength = 0;
+    for (const QByteArray& line : request.left(headerEnd).split('\n')) {
+        if (line.toLower().startsWith("content-length:"))
+            bodyLength = line.mid(int(qstrlen("content-length:"))).trimmed().toInt();
+    }
+    return request.size() >= headerEnd + 4 + bodyLength;
 }
 
 QByteArray CCannedHttpPeer::Reply(const QByteArray& statusLine, const QByteArray& body)

@@ -23,6 +23,9 @@ public:
     QByteArray LastRequest() const;
 
 private:
+    // Headers and the body their Content-Length announces have arrived.
+    static bool IsComplete(const QByteArray& request);
+
     QByteArray m_answer;
     bool m_bAnswers;
     int m_iRequests = 0;

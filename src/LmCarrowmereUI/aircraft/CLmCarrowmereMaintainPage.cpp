@@ -36,7 +36,8 @@ void CLmCarrowmereMaintainPage::SetMainWindow(QWidget* pMainWindow)
 
 void CLmCarrowmereMaintainPage::SetCurrentUas(CLmUasProvide* pUas)
 {
-    if (pUas == m_pUas)
+    // While a sibling application holds the radio, no aircraft is taken.
+    if (pUas == m_pUas || (pUas && !m_bDeviceConnectionArmed))
         return;
     m_pUas = pUas;
     UpdateAircraftControls();
@@ -50,7 +51,7 @@ CLmUasProvide* CLmCarrowmereMaintainPage::CurrentUas() const
 
 void CLmCarrowmereMaintainPage::UpdateAircraftControls()
 {
-    const bool held = m_pUas != nullptr && m_bDeviceConnectionArmed;
+    const bool held = m_pUas != nullptr;
     m_pUi->m_pBtnPlaneStatus->setEnabled(held);
     m_pUi->m_pBtnUavSettings->setEnabled(held);
     m_pUi->m_pLabelUasState->setText(held ? tr("Aircraft connected.") : tr("No aircraft connected."));
@@ -86,19 +87,24 @@ bool CLmCarrowmereMaintainPage::HasPendingRequest() const
 
 void CLmCarrowmereMaintainPage::SetParachuteNotice(bool bNotify)
 {
+    m_bParachuteNotice = bNotify;
     m_pUi->m_pBtnPlaneStatus->SetTipVisible(bNotify);
+}
+
+bool CLmCarrowmereMaintainPage::ParachuteNotice() const
+{
+    return m_bParachuteNotice;
 }
 
 void CLmCarrowmereMaintainPage::ReleaseDeviceConnection()
 {
+    SetCurrentUas(nullptr);
     m_bDeviceConnectionArmed = false;
-    UpdateAircraftControls();
 }
 
 void CLmCarrowmereMaintainPage::RestoreDeviceConnection()
 {
     m_bDeviceConnectionArmed = true;
-    UpdateAircraftControls();
 }
 
 void CLmCarrowmereMaintainPage::slotRecivePlaneInfo(QStringList info)

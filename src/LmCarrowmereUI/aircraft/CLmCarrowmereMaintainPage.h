@@ -27,8 +27,12 @@ public:
     void SetUsbDisks(const QStringList& disks);
     void SetPendingRequest(bool bPending);
     bool HasPendingRequest() const;
+    // The parachute needs checking: badge on the plane status button; the
+    // plane status page reads it when it opens.
     void SetParachuteNotice(bool bNotify);
-    // While a sibling application holds the radio the page shows no aircraft.
+    bool ParachuteNotice() const;
+    // While a sibling application holds the radio the page drops its
+    // aircraft and takes none until the connection is restored.
     void ReleaseDeviceConnection();
     void RestoreDeviceConnection();
 
@@ -53,5 +57,6 @@ private:
     CLmUasProvide* m_pUas = nullptr;
     bool m_bPendingRequest = false;
     bool m_bDeviceConnectionArmed = true;
+    bool m_bParachuteNotice = false;
     QString m_strFirmwarePackage;
 };

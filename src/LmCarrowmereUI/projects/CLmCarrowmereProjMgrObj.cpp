@@ -12,9 +12,6 @@
 
 #include <QDate>
 #include <QDir>
-#include <QtConcurrent/QtConcurrentMap>
-
-#include <functional>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -30,9 +27,12 @@ Q_LOGGING_CATEGORY(lcProjSynch, "sky.ui.projectsynch")
 
 namespace {
 
+// A total of 0 counts as 1; a total the transport does not know (-1) shows 0.
 int Percent(qlonglong current, qlonglong total)
 {
-    return static_cast<int>(static_cast<float>(current) / static_cast<float>(total > 0 ? total : 1) * 100.0f);
+    if (total < 0)
+        return 0;
+    return static_cast<int>(current * 100 / std::max<qlonglong>(total, 1));
 }
 
 bool IsRefusal(const QByteArray& reply)
@@ -160,21 +160,10 @@ void CLmCarrowmereProjMgrObj::ScanLocalProjects()
     const QString userId = GetCurUserInfo().strUserID;
     const QDir root(CLmControl::GetInstance()->GetProjectDirPath());
     const QStringList folders = root.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-    // The files are read on the thread pool, a batch of folders at a time;
-    // what they hold is reported here, folder by folder, in name order.
-    constexpr int kFoldersPerBatch = 64;
-    const std::function<QList<SLocalProjectFile>(const QString&)> readFolder = [&root, &userId](const QString& name) {
-        return ReadProjectFolder(root.filePath(name), userId);
-    };
-    for (int first = 0; first < folders.size(); first += kFoldersPerBatch) {
-        const QList<QList<SLocalProjectFile>> read =
-            QtConcurrent::blockingMapped<QList<QList<SLocalProjectFile>>>(folders.mid(first, kFoldersPerBatch),
-                                                                          readFolder);
-        for (int i = 0; i < read.size(); ++i) {
-            for (const SLocalProjectFile& file : read.at(i))
-                ReportLocalProjectFile(file);
-            Q_EMIT SynchProjMsg(SynchProMsgLocalProgress, QString::number(Percent(first + i + 1, folders.size())));
-        }
+    for (int i = 0; i < folders.size(); ++i) {
+        for (const SLocalProjectFile& file : ReadProjectFolder(root.filePath(folders.at(i)), userId))
+            ReportLocalProjectFile(file);
+        Q_EMIT SynchProjMsg(SynchProMsgLocalProgress, QString::number(Percent(i + 1, folders.size())));
     }
 }
 
@@ -485,10 +474,16 @@ void CLmCarrowmereProjMgrObj::StartUploadQueue()
     if (m_listUpload.isEmpty() || m_bUploading)
         return;
     m_curUpload = m_listUpload.first();
+    const QByteArray projectText = GetUploadArray(m_curUpload.strProjPath);
+    if (projectText.isEmpty()) {
+        qCWarning(lcProjSynch) << "cannot read the project to upload" << m_curUpload.strProjPath;
+        FinishUpload(tr("Failed"));
+        return;
+    }
     m_bUploading = true;
     CLmUpLoadObject* request = UploadObject();
     SetCloudRequest(request, LmCloudPath::ProjectUpload);
-    request->SetFilePathArray(QByteArrayLiteral("data=") + GetUploadArray(m_curUpload.strProjPath));
+    request->SetFilePathArray(QByteArrayLiteral("data=") + projectText);
     request->PostNetWorkReplyMessage();
 }
 
@@ -503,8 +498,12 @@ void CLmCarrowmereProjMgrObj::slotUpLoadFinished(QByteArray reply)
 {
     const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
     if (!envelope.isEmpty() && envelope.value(QStringLiteral("status")).toInt(-1) == 0) {
-        const QJsonValue version = envelope.value(QStringLiteral("data")).toObject().value(QStringLiteral("version"));
-        WriteVersion(m_curUpload.strProjPath, version.toVariant().toLongLong());
+        const QVariant version =
+            envelope.value(QStringLiteral("data")).toObject().value(QStringLiteral("version")).toVariant();
+        bool isNumber = false;
+        const qint64 number = version.toLongLong(&isNumber);
+        if (isNumber)
+            WriteVersion(m_curUpload.strProjPath, number);
     }
     FinishUpload(tr("Finished"));
 }
@@ -526,7 +525,8 @@ void CLmCarrowmereProjMgrObj::FinishUpload(const QString& state)
 void CLmCarrowmereProjMgrObj::WriteVersion(const QString& filePath, qint64 version) const
 {
     CLmDataBase db(filePath);
-    if (!db.Open()) {
+    // A project removed meanwhile must not come back as an empty file.
+    if (!QFileInfo::exists(filePath) || !db.Open()) {
         qCWarning(lcProjSynch) << "DB Open failed" << filePath;
         return;
     }

@@ -1,6 +1,7 @@
 #include "CLmProjClassifier.h"
 
 #include "LmProjectConstants.h"
+#include "LmProjectFiles.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -53,8 +54,12 @@ QVector<CLmProjClassifier::SDecision> CLmProjClassifier::Classify(QMap<QString, 
             decisions.append({ActionUpload, local});
         }
     }
-    for (const QJsonValue& cloud : cloudProjects)
+    for (const QJsonValue& cloud : cloudProjects) {
+        // An entry without an id names nothing that could be fetched.
+        if (IdText(cloud.toObject().value(QStringLiteral("id"))).isEmpty())
+            continue;
         decisions.append(ClassifyCloudProject(localProjects, cloud.toObject(), projectRoot));
+    }
     return decisions;
 }
 
@@ -71,7 +76,7 @@ CLmProjClassifier::SDecision CLmProjClassifier::ClassifyCloudProject(QMap<QStrin
         info.strProjName = WithoutTrailingBlanks(cloud.value(QStringLiteral("project_name")).toString());
         info.strUpdateTime = cloudTime;
         info.strProjID = projId;
-        info.strProjPath = projectRoot + QLatin1Char('/') + info.strProjName;
+        info.strProjPath = projectRoot + QLatin1Char('/') + SafeProjectName(info.strProjName);
         info.iMissionCount = cloudMissions;
         info.iSynchState = SynchStateCloudOnly;
         return {ActionCloudOnly, info};

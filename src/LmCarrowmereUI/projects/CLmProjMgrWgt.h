@@ -23,8 +23,8 @@ public:
 Q_SIGNALS:
     void BackToHome();
     // Flight data of a mission read from the cloud, for the flight-data uploader.
-    void parseJsonArray(QJsonArray data, QString projectName, QString missionName, unsigned int missionId,
-                        QString filePath);
+    void parseJsonArray(QJsonArray jArray, QString strFilePath, QString strMissionID, uint iOperatorType,
+                        QString strProjectName);
 
 private:
     std::unique_ptr<Ui::CLmProjMgrWgt> m_pUi;

@@ -6,6 +6,7 @@
 #include "CLmMessageBox.h"
 #include "CLmNetWorkRequest.h"
 #include "CLmRegisterDialog.h"
+#include "LmCloudForm.h"
 #include "LmCloudPaths.h"
 #include "LmConstants.h"
 
@@ -66,18 +67,18 @@ void CLmCarrowmereLoginDialog::slotLogin()
     connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmCarrowmereLoginDialog::slotFailedAction);
     connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmCarrowmereLoginDialog::slotNetWorkError);
 
+    // Letters and digits go out as typed; other characters percent-encoded,
+    // so a password holding "&", "+" or "=" reaches the service intact.
     const QString account = m_pUi->m_pEditAccount->text();
     const QString password = m_pUi->m_pEditPassword->text();
-    QString body;
     if (m_bAdmin) {
         request->SetUrl(GetServerIP() + LmCloudPath::AdminLogin);
-        body = QStringLiteral("username=") + account + QStringLiteral("&password=") + password;
+        request->SetBody(LmCloudForm::Body({{"username", account}, {"password", password}}));
     } else {
         request->SetUrl(GetServerIP() + LmCloudPath::UserLogin);
-        body = QStringLiteral("phone=") + account + QStringLiteral("&password=") + password
-               + QStringLiteral("&device_id=") + MachineHardwareAddress();
+        request->SetBody(LmCloudForm::Body(
+            {{"phone", account}, {"password", password}, {"device_id", MachineHardwareAddress()}}));
     }
-    request->SetBody(body.toLatin1());
     request->PostNetWorkReplyMessage();
 }
 

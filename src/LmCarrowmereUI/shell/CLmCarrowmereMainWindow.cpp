@@ -55,7 +55,7 @@ const char kIconNotFound[] = ":/images/Normal/Home/HomeFile_share_no_ic.png";
 constexpr int kOfflinePollMs = 5000;
 constexpr int kOnlinePollMs = 10000;
 
-// The account check at start-up waits this long for the service.
+// Account checks ("/user/profile") wait this long for the service.
 constexpr int kAccountCheckTimeoutMs = 10000;
 
 // A parachute count above this asks the crew to check the parachute.
@@ -140,7 +140,6 @@ CLmCarrowmereMainWindow::~CLmCarrowmereMainWindow()
     delete m_pNetWorkGlobal;
     delete m_pFlightDataDbOperator;
     delete m_pUsbDeviceLink;
-    m_listAppBtns.clear();
 }
 
 void CLmCarrowmereMainWindow::CheckShortcut()
@@ -276,7 +275,8 @@ void CLmCarrowmereMainWindow::ShowNewMessageIcon()
 
 void CLmCarrowmereMainWindow::ResponseJsonObject(const QJsonObject& obj)
 {
-    const int status = obj.value(QStringLiteral("status")).toInt();
+    // A missing or non-numeric status is not one to act on.
+    const int status = obj.value(QStringLiteral("status")).toInt(-1);
     const QString action = obj.value(QStringLiteral("action")).toString();
     qCDebug(lcMainWnd) << "push notification" << status << action;
     if (!IsActionableStatus(status))
@@ -293,13 +293,8 @@ void CLmCarrowmereMainWindow::ResponseJsonObject(const QJsonObject& obj)
         m_pUi->m_pBtnSysMessage->setText(obj.value(QStringLiteral("message")).toString());
         m_pUi->m_pBtnSysMessage->setAttribute(Qt::WA_TransparentForMouseEvents, false);
     } else if (action == QLatin1String("lift_check")) {
-        const QJsonObject data = obj.value(QStringLiteral("data")).toObject();
-        Q_UNUSED(data)
-        if (obj.isEmpty())
-            return;
         CLmMessageBox box(obj.value(QStringLiteral("message")).toString(), QLatin1String(kIconExclamation),
                           tr("System Information"), CLmMessageBox::BtnOk, this);
-        box.SetBtnHidden(false, true, false);
         box.exec();
         m_noFlyZoneUpgrade.Start();
     } else if (action == QLatin1String("pc_assign")) {
@@ -549,6 +544,7 @@ CLmNetWorkRequest* CLmCarrowmereMainWindow::NewProfileRequest()
     connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmCarrowmereMainWindow::slotAccountFailed);
     request->SetRawHeader("token", GetCurUserInfo().strToken.toUtf8());
     request->SetUrl(GetServerIP() + LmCloudPath::UserProfile);
+    request->SetNetWorkReplyTimeout(kAccountCheckTimeoutMs);
     return request;
 }
 
@@ -569,7 +565,6 @@ bool CLmCarrowmereMainWindow::ValidAccoutState()
     if (CLmControl::GetInstance()->IsNetWorkConnected()) {
         CLmNetWorkRequest* request = NewProfileRequest();
         connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmCarrowmereMainWindow::slotAccountState);
-        request->SetNetWorkReplyTimeout(kAccountCheckTimeoutMs);
         request->PostNetWorkReplyMessage();
         return true;
     }
@@ -592,6 +587,7 @@ void CLmCarrowmereMainWindow::slotAccountFailed()
     if (dialog.exec() == QDialog::Accepted)
         return;
     ClearCurUserSession();
+    slotUpdateUserInfo();
 }
 
 void CLmCarrowmereMainWindow::slotShowAccountInfo()

@@ -1,5 +1,7 @@
 #include "CLmPhoneCodeDialog.h"
 
+#include "LmCloudForm.h"
+
 #include "CLmMessageBox.h"
 #include "CLmNetWorkRequest.h"
 #include "LmConstants.h"
@@ -15,18 +17,6 @@
 #include <algorithm>
 
 Q_LOGGING_CATEGORY(lcPhoneCode, "sky.ui.phonecode")
-
-namespace {
-
-QByteArray FormBody(const QVector<QPair<QByteArray, QString>>& pairs)
-{
-    QByteArrayList parts;
-    for (const auto& pair : pairs)
-        parts << pair.first + '=' + QUrl::toPercentEncoding(pair.second);
-    return parts.join('&');
-}
-
-}  // namespace
 
 CLmPhoneCodeDialog::CLmPhoneCodeDialog(QWidget* parent)
     : CLmBaseDialog(parent)
@@ -115,7 +105,7 @@ void CLmPhoneCodeDialog::Post(const char* path, const QVector<SFormField>& field
         m_setup.pLabelStatus->setText(tr("Network fault"));
     });
     request->SetUrl(GetServerIP() + path);
-    request->SetBody(FormBody(pairs));
+    request->SetBody(LmCloudForm::Body(pairs));
     request->PostNetWorkReplyMessage();
 }
 

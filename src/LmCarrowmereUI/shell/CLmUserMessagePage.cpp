@@ -3,13 +3,13 @@
 #include "ui_CLmUserMessagePage.h"
 
 #include "CLmNetWorkRequest.h"
+#include "LmCloudForm.h"
 #include "LmCloudPaths.h"
 #include "LmConstants.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSettings>
-#include <QUrl>
 
 namespace {
 
@@ -19,11 +19,6 @@ QJsonValue EnvelopeData(const QByteArray& reply)
     if (envelope.value(QStringLiteral("status")).toInt(-1) != 0)
         return {};
     return envelope.value(QStringLiteral("data"));
-}
-
-QByteArray FormValue(const QString& text)
-{
-    return QUrl::toPercentEncoding(text);
 }
 
 }  // namespace
@@ -115,8 +110,9 @@ void CLmUserMessagePage::slotSaveProfile()
     }
     CLmNetWorkRequest* request = NewUserRequest(LmCloudPath::UserEditProfile);
     connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmUserMessagePage::slotProfileSaved);
-    request->SetBody("nick_name=" + FormValue(nickName) + "&email=" + FormValue(m_pUi->m_pEditEmail->text().trimmed())
-                     + "&company=" + FormValue(m_pUi->m_pEditCompany->text().trimmed()));
+    request->SetBody(LmCloudForm::Body({{"nick_name", nickName},
+                                        {"email", m_pUi->m_pEditEmail->text().trimmed()},
+                                        {"company", m_pUi->m_pEditCompany->text().trimmed()}}));
     request->PostNetWorkReplyMessage();
 }
 

@@ -11,6 +11,7 @@
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
+#include <QUrl>
 
 class tst_CLmCarrowmereLoginDialog : public QObject
 {
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void init();
     void userSignInWritesTheSession();
     void administratorSignIn();
+    void passwordWithFormCharactersSignsIn();
     void wrongPasswordShowsTheServiceText();
     void emptyDataChangesNothing();
     void loginButtonIgnoresClicksForOneSecond();
@@ -92,6 +94,30 @@ void tst_CLmCarrowmereLoginDialog::administratorSignIn()
     QTRY_COMPARE_WITH_TIMEOUT(dialog.ResultText(), QStringLiteral("admin"), 8000);
     QTRY_VERIFY(!dialog.isVisible());
     QVERIFY(GetCurUserInfo().strToken.isEmpty());
+}
+
+void tst_CLmCarrowmereLoginDialog::passwordWithFormCharactersSignsIn()
+{
+    CSkyCloudProcess cloud({QStringLiteral("--expose-codes")});
+    QVERIFY(cloud.Start());
+    const QString code = cloud.Call("/user/resetpasswordsendsms", "phone=13800000002")
+                             .value("data").toObject().value("validate_hint").toString();
+    QVERIFY(!code.isEmpty());
+    const QByteArray encoded = QUrl::toPercentEncoding(QStringLiteral("p+w&d=1%é"));
+    int httpStatus = 0;
+    cloud.Call("/user/resetpassword",
+               "phone=13800000002&validate=" + code.toLatin1() + "&password=" + encoded + "&repeat_password=" + encoded,
+               {}, &httpStatus);
+    QCOMPARE(httpStatus, 200);
+    TestSession::PointCloudAt(cloud.BaseUrl());
+
+    CLmCarrowmereLoginDialog dialog(nullptr, false);
+    QSignalSpy accepted(&dialog, &CLmCarrowmereLoginDialog::LoginAccept);
+    dialog.show();
+    Fill(dialog, QStringLiteral("13800000002"), QStringLiteral("p+w&d=1%é"));
+    dialog.findChild<QPushButton*>(QStringLiteral("m_pBtnLogin"))->click();
+    QTRY_COMPARE_WITH_TIMEOUT(accepted.count(), 1, 8000);
+    QCOMPARE(GetCurUserInfo().strNickName, QStringLiteral("Demo Pilot Two"));
 }
 
 void tst_CLmCarrowmereLoginDialog::wrongPasswordShowsTheServiceText()
