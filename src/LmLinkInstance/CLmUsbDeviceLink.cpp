@@ -1,5 +1,7 @@
 #include "CLmUsbDeviceLink.h"
 
+#include <algorithm>
+
 #include "LmLinkInstanceLog.h"
 
 #include <QSocketNotifier>
@@ -121,9 +123,13 @@ void CLmUsbDeviceLink::Rescan()
 
 void CLmUsbDeviceLink::SetDisks(const QVector<USB_DISK_INFO>& disks)
 {
-    if (disks == m_vecDisks)
-        return;
+    // Free space moves all the time; only a volume that came, went or
+    // changed its identity is news.
+    const bool changed = !std::equal(disks.cbegin(), disks.cend(), m_vecDisks.cbegin(), m_vecDisks.cend(),
+                                     [](const USB_DISK_INFO& a, const USB_DISK_INFO& b) { return a.IsSameVolume(b); });
     m_vecDisks = disks;
+    if (!changed)
+        return;
     qCDebug(lcLinkInstance) << "removable disks:" << m_vecDisks.size();
     emit DiskListChanged();
 }

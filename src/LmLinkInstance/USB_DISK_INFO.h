@@ -23,6 +23,14 @@ struct USB_DISK_INFO
                && m_bChecked == other.m_bChecked;
     }
     bool operator!=(const USB_DISK_INFO& other) const { return !(*this == other); }
+
+    // The same volume in the same state, whatever its free space.
+    bool IsSameVolume(const USB_DISK_INFO& other) const
+    {
+        return m_strRootPath == other.m_strRootPath && m_strDevice == other.m_strDevice
+               && m_strLabel == other.m_strLabel && m_strFileSystem == other.m_strFileSystem
+               && m_nTotalBytes == other.m_nTotalBytes && m_bChecked == other.m_bChecked;
+    }
 };
 
 Q_DECLARE_METATYPE(USB_DISK_INFO)
