@@ -98,6 +98,11 @@ void CLmCarrowmereProjMgrObj::slotDownloadPrjectWithProjID(QString strProjID)
     }
     if (info.strProjName.isEmpty())
         info = m_mapLocalProj.value(strProjID, info);
+    // One transfer at a time: a download under way finishes first.
+    if (m_bDownloading) {
+        m_listSingleWaiting.append(info);
+        return;
+    }
     PostDownload(info, true);
 }
 
@@ -414,7 +419,10 @@ void CLmCarrowmereProjMgrObj::slotDownLoadProjectError()
 void CLmCarrowmereProjMgrObj::FinishDownload()
 {
     m_bDownloading = false;
-    // A single download may have displaced a queued one; the queue goes on.
+    if (!m_listSingleWaiting.isEmpty()) {
+        PostDownload(m_listSingleWaiting.takeFirst(), true);
+        return;
+    }
     StartDownloadQueue();
 }
 

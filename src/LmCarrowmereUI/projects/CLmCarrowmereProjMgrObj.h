@@ -106,6 +106,7 @@ private:
 
     QMap<QString, SProjInfor> m_mapLocalProj;
     QList<SProjInfor> m_listDownload;
+    QList<SProjInfor> m_listSingleWaiting;  // single downloads asked for during a transfer
     QList<SProjInfor> m_listUpload;
     SProjInfor m_curDownload;
     SProjInfor m_curUpload;

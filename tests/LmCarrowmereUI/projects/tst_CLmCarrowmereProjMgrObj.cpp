@@ -58,6 +58,7 @@ private Q_SLOTS:
     void uploadReplyStatus();
     void noTokenOrNoNetworkSendsNothing_data();
     void noTokenOrNoNetworkSendsNothing();
+    void singleDownloadWaitsForTheQueuedOne();
 
 private:
     // Reads the list, so the queues hold its classification.
@@ -346,6 +347,25 @@ void tst_CLmCarrowmereProjMgrObj::noTokenOrNoNetworkSendsNothing()
     QCOMPARE(messages.last().at(1).toString(), QStringLiteral("Reading project list error."));
     QTest::qWait(100);
     QCOMPARE(m_cloud->Requests().size(), 0);
+}
+
+
+void tst_CLmCarrowmereProjMgrObj::singleDownloadWaitsForTheQueuedOne()
+{
+    m_cloud->SetReply(ListPath, 200, ListReply({CloudEntry(QStringLiteral("C1"), QStringLiteral("Queued"), Late)}));
+    m_cloud->SetReply(DownloadPath, 200, ProjectFileBytes(Project(QStringLiteral("C1"), QStringLiteral("Queued"), Late)));
+
+    CLmCarrowmereProjMgrObj engine;
+    QSignalSpy finished(&engine, &CLmCarrowmereProjMgrObj::ProjectDownloadFinished);
+    ReadList(engine);
+    engine.slotSynchAllProject();
+    // Asked for while the queued download is under way.
+    engine.slotDownloadPrjectWithProjID(QStringLiteral("C1"));
+    QTRY_COMPARE(finished.count(), 2);
+
+    for (const SProjInfor& info : Infos(finished))
+        QCOMPARE(info.strState, QStringLiteral("Finished"));
+    QCOMPARE(m_cloud->RequestCount(DownloadPath), 2);
 }
 
 QTEST_GUILESS_MAIN(tst_CLmCarrowmereProjMgrObj)
