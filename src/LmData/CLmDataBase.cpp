@@ -75,6 +75,8 @@ bool CLmDataBase::Exec(const QString& sql, const QVariantList& values, QSqlQuery
         return false;
     }
     QSqlQuery query(m_db);
+    // Results are read once, front to back; nothing needs Qt's row cache.
+    query.setForwardOnly(true);
     if (!query.prepare(sql)) {
         m_strLastError = query.lastError().text();
         qCWarning(lcDataBase) << "prepare failed:" << m_strLastError;

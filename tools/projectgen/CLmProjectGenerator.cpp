@@ -6,6 +6,7 @@
 #include "LmProjectConstants.h"
 
 #include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QUuid>
@@ -37,6 +38,13 @@ QString AreaOutline(double lat, double lng)
     return QString::fromUtf8(QJsonDocument(outline).toJson(QJsonDocument::Compact));
 }
 
+// A store's files were last written when their project was last changed.
+bool SetModificationTime(const QString& filePath, const QDateTime& time)
+{
+    QFile file(filePath);
+    return file.open(QIODevice::ReadOnly) && file.setFileTime(time, QFileDevice::FileModificationTime);
+}
+
 }  // namespace
 
 QString CLmProjectGenerator::WriteProject(const QString& folder, const SOptions& options)
@@ -44,8 +52,9 @@ QString CLmProjectGenerator::WriteProject(const QString& folder, const SOptions&
     if (!QDir().mkpath(folder))
         return {};
     const QString filePath = folder + QLatin1Char('/') + options.strProjName + QLatin1String(ProjectSuffix);
-    if (!WriteProjectDatabase(filePath, options)
-        || !WriteMissionDatabase(CLmControl::GetInstance()->GetFlightMissionFilePath(filePath), options))
+    const QString missionPath = CLmControl::GetInstance()->GetFlightMissionFilePath(filePath);
+    if (!WriteProjectDatabase(filePath, options) || !WriteMissionDatabase(missionPath, options)
+        || !SetModificationTime(filePath, options.updatedAt) || !SetModificationTime(missionPath, options.updatedAt))
         return {};
     return filePath;
 }

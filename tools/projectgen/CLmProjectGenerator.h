@@ -25,8 +25,8 @@ public:
         double dHomeLng = 8.5417;
     };
 
-    // Writes <folder>/<name>.proj and <folder>/<name>.db; the folder is
-    // created. Returns the project file path, or an empty text on failure.
+    // Writes <folder>/<name>.proj and <folder>/<name>.db, both last modified
+    // at the update time; the folder is created. Returns the project file path, or an empty text on failure.
     static QString WriteProject(const QString& folder, const SOptions& options);
     // Writes only the project database at filePath.
     static bool WriteProjectDatabase(const QString& filePath, const SOptions& options);

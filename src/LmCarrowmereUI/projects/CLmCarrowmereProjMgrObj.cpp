@@ -108,7 +108,11 @@ void CLmCarrowmereProjMgrObj::slotDownloadPrjectWithProjID(QString strProjID)
 
 void CLmCarrowmereProjMgrObj::slotReadLocalProject(QString strProjectPath)
 {
-    for (const SProjInfor& info : ReadProjectFile(strProjectPath, GetCurUserInfo().strUserID, false).listProjects) {
+    const QString missionPath = CLmControl::GetInstance()->GetFlightMissionFilePath(strProjectPath);
+    const SLocalProjectFile file =
+        CLmLocalProjectReader::Read(strProjectPath, QFileInfo::exists(missionPath) ? missionPath : QString(),
+                                    GetCurUserInfo().strUserID, CLmLocalProjectReader::WithoutCities);
+    for (const SProjInfor& info : file.listProjects) {
         m_mapLocalProj.insert(info.strProjID, info);
         Q_EMIT LocalProjInforOne(info);
     }
@@ -166,10 +170,11 @@ void CLmCarrowmereProjMgrObj::ScanLocalProjects()
     const QDir root(CLmControl::GetInstance()->GetProjectDirPath());
     const QStringList folders = root.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     for (int i = 0; i < folders.size(); ++i) {
-        for (const SLocalProjectFile& file : ReadProjectFolder(root.filePath(folders.at(i)), userId))
+        for (const SLocalProjectFile& file : m_scanCache.ReadFolder(root.filePath(folders.at(i)), userId))
             ReportLocalProjectFile(file);
         Q_EMIT SynchProjMsg(SynchProMsgLocalProgress, QString::number(Percent(i + 1, folders.size())));
     }
+    m_scanCache.FinishScan();
 }
 
 void CLmCarrowmereProjMgrObj::ReportLocalProjectFile(const SLocalProjectFile& file)
@@ -180,106 +185,6 @@ void CLmCarrowmereProjMgrObj::ReportLocalProjectFile(const SLocalProjectFile& fi
     }
     for (const auto& cities : file.listCities)
         Q_EMIT LocalBlockCity(cities.first, cities.second);
-}
-
-QList<CLmCarrowmereProjMgrObj::SLocalProjectFile> CLmCarrowmereProjMgrObj::ReadProjectFolder(const QString& folderPath,
-                                                                                            const QString& userId)
-{
-    QList<SLocalProjectFile> files;
-    const QDir folder(folderPath);
-    for (const QString& file : folder.entryList({QLatin1String(ProjectFileFilter)}, QDir::Files, QDir::Name))
-        files.append(ReadProjectFile(folder.filePath(file), userId, true));
-    return files;
-}
-
-CLmCarrowmereProjMgrObj::SLocalProjectFile CLmCarrowmereProjMgrObj::ReadProjectFile(const QString& filePath,
-                                                                                   const QString& userId,
-                                                                                   bool withCities)
-{
-    SLocalProjectFile result;
-    CLmDataBase projectDb(filePath);
-    if (!projectDb.Open(true)) {
-        qCWarning(lcProjSynch) << "DB Open failed" << filePath;
-        return result;
-    }
-    QSqlQuery rows(projectDb.Database());
-    if (!projectDb.Exec(QStringLiteral("select * from %1 where user_id = ?").arg(QLatin1String(ProjectTableName)),
-                        {userId}, &rows)) {
-        qCWarning(lcProjSynch) << "not a readable project database:" << filePath;
-        return result;
-    }
-    while (rows.next()) {
-        SProjInfor info;
-        info.strProjName = rows.value(QStringLiteral("project_name")).toString();
-        info.strProjID = rows.value(QStringLiteral("id")).toString();
-        info.strUpdateTime = rows.value(QStringLiteral("updated_at")).toString();
-        info.strProjPath = filePath;
-        result.listProjects.append(info);
-    }
-    rows.finish();
-    for (SProjInfor& info : result.listProjects) {
-        CountMissions(projectDb, info);
-        if (withCities)
-            result.listCities.append({info.strProjID, ReadBlockCities(projectDb, info.strProjID)});
-    }
-    return result;
-}
-
-void CLmCarrowmereProjMgrObj::CountMissions(CLmDataBase& projectDb, SProjInfor& info)
-{
-    CLmDataBase missionDb(CLmControl::GetInstance()->GetFlightMissionFilePath(info.strProjPath));
-    if (!missionDb.Open(true))
-        return;
-    // A mission counts when its project has its flight task, and is flown
-    // when it has a flight-log row. The tasks are read as a set and the
-    // flown test rides along with the missions, so a project costs a few
-    // statements however many missions it has.
-    const QSet<QString> taskGuids = TaskGuids(projectDb);
-    QSqlQuery missions(missionDb.Database());
-    if (!missionDb.Exec(QStringLiteral("select m.flight_task_id,"
-                                       " exists (select 1 from flight_monitor_detail_log l where l.flight_mission_id = m.id)"
-                                       " from flight_mission m where m.project_id = ?"),
-                        {info.strProjID}, &missions))
-        return;
-    int counted = 0;
-    int flownCount = 0;
-    while (missions.next()) {
-        if (!taskGuids.contains(missions.value(0).toString()))
-            continue;
-        ++counted;
-        if (missions.value(1).toBool())
-            ++flownCount;
-    }
-    info.iMissionCount = std::max(info.iMissionCount, counted);
-    info.iFlownCount = flownCount;
-}
-
-QSet<QString> CLmCarrowmereProjMgrObj::TaskGuids(CLmDataBase& projectDb)
-{
-    QSet<QString> guids;
-    QSqlQuery tasks(projectDb.Database());
-    if (!projectDb.Exec(QStringLiteral("select flight_task_guid from flight_task"), {}, &tasks))
-        return guids;
-    while (tasks.next())
-        guids.insert(tasks.value(0).toString());
-    return guids;
-}
-
-QStringList CLmCarrowmereProjMgrObj::ReadBlockCities(CLmDataBase& projectDb, const QString& projId)
-{
-    QStringList cities;
-    QSqlQuery areas(projectDb.Database());
-    if (!projectDb.Exec(QStringLiteral("select home_lat, home_lng from %1 where project_id = ?")
-                            .arg(QLatin1String(SurveyAreaTableName)),
-                        {projId}, &areas))
-        return cities;
-    while (areas.next()) {
-        const QString city = LmCityCategory::instance().GetCityName(
-            PointLatLng(areas.value(0).toDouble(), areas.value(1).toDouble()));
-        if (!city.isEmpty() && !cities.contains(city))
-            cities.append(city);
-    }
-    return cities;
 }
 
 // ---- cloud list and classification ----------------------------------------------

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CLmLocalProjectCache.h"
 #include "CLmProjClassifier.h"
 #include "LmProjSynchTypes.h"
 
@@ -7,12 +8,9 @@
 #include <QList>
 #include <QMap>
 #include <QObject>
-#include <QPair>
-#include <QSet>
 #include <QString>
 #include <QVariant>
 
-class CLmDataBase;
 class CLmDownLoadObject;
 class CLmTransferObject;
 class CLmUpLoadObject;
@@ -68,20 +66,8 @@ Q_SIGNALS:
 
 private:
     // Local store.
-    // What one project file holds for the signed-in user. Reading it touches
-    // no member, so files are read on the thread pool.
-    struct SLocalProjectFile
-    {
-        QList<SProjInfor> listProjects;
-        QList<QPair<QString, QStringList>> listCities;  // project id, cities of its survey areas
-    };
     void ScanLocalProjects();
     void ReportLocalProjectFile(const SLocalProjectFile& file);
-    static QList<SLocalProjectFile> ReadProjectFolder(const QString& folderPath, const QString& userId);
-    static SLocalProjectFile ReadProjectFile(const QString& filePath, const QString& userId, bool withCities);
-    static void CountMissions(CLmDataBase& projectDb, SProjInfor& info);
-    static QSet<QString> TaskGuids(CLmDataBase& projectDb);
-    static QStringList ReadBlockCities(CLmDataBase& projectDb, const QString& projId);
 
     // Cloud list and classification.
     void RequestProjectList();
@@ -105,6 +91,7 @@ private:
     void SetCloudRequest(CLmTransferObject* request, const char* path) const;
 
     QMap<QString, SProjInfor> m_mapLocalProj;
+    CLmLocalProjectCache m_scanCache{CLmLocalProjectCache::DefaultStorePath()};
     QList<SProjInfor> m_listDownload;
     QList<SProjInfor> m_listSingleWaiting;  // single downloads asked for during a transfer
     QList<SProjInfor> m_listUpload;

@@ -1,0 +1,98 @@
+#include "CLmLocalProjectReader.h"
+
+#include "CLmDataBase.h"
+#include "LmCityCategory.h"
+#include "LmProjectConstants.h"
+
+#include <QLoggingCategory>
+#include <QSqlQuery>
+
+Q_DECLARE_LOGGING_CATEGORY(lcProjSynch)
+
+namespace {
+
+// The mission database joins the project's connection, so a project costs one
+// connection and one statement for its counts however many missions it has.
+constexpr char MissionSchema[] = "mission";
+
+QList<SProjInfor> ReadProjectRows(CLmDataBase& projectDb, const QString& filePath, const QString& userId)
+{
+    QList<SProjInfor> projects;
+    QSqlQuery rows(projectDb.Database());
+    if (!projectDb.Exec(QStringLiteral("select id, project_name, updated_at from %1 where user_id = ?")
+                            .arg(QLatin1String(ProjectTableName)),
+                        {userId}, &rows)) {
+        qCWarning(lcProjSynch) << "not a readable project database:" << filePath;
+        return projects;
+    }
+    while (rows.next()) {
+        SProjInfor info;
+        info.strProjID = rows.value(0).toString();
+        info.strProjName = rows.value(1).toString();
+        info.strUpdateTime = rows.value(2).toString();
+        info.strProjPath = filePath;
+        projects.append(info);
+    }
+    return projects;
+}
+
+// A mission counts when the project database has its flight task, and is
+// flown when it has at least one flight-log row.
+void CountMissions(CLmDataBase& projectDb, SProjInfor& info)
+{
+    QSqlQuery counts(projectDb.Database());
+    if (!projectDb.Exec(QStringLiteral("select count(*), coalesce(sum(exists (select 1 from %1.%2 l"
+                                       " where l.flight_mission_id = m.id)), 0)"
+                                       " from %1.%3 m where m.project_id = ?"
+                                       " and m.flight_task_id in (select flight_task_guid from main.%4)")
+                            .arg(QLatin1String(MissionSchema), QLatin1String(FlightLogTableName),
+                                 QLatin1String(FlightMissionTableName), QLatin1String(FlightTaskTableName)),
+                        {info.strProjID}, &counts)
+        || !counts.next())
+        return;
+    info.iMissionCount = std::max(info.iMissionCount, counts.value(0).toInt());
+    info.iFlownCount = counts.value(1).toInt();
+}
+
+QStringList ReadBlockCities(CLmDataBase& projectDb, const QString& projId)
+{
+    QStringList cities;
+    QSqlQuery areas(projectDb.Database());
+    if (!projectDb.Exec(QStringLiteral("select distinct home_lat, home_lng from %1 where project_id = ?")
+                            .arg(QLatin1String(SurveyAreaTableName)),
+                        {projId}, &areas))
+        return cities;
+    while (areas.next()) {
+        const QString city = LmCityCategory::instance().GetCityName(
+            PointLatLng(areas.value(0).toDouble(), areas.value(1).toDouble()));
+        if (!city.isEmpty() && !cities.contains(city))
+            cities.append(city);
+    }
+    return cities;
+}
+
+}  // namespace
+
+SLocalProjectFile CLmLocalProjectReader::Read(const QString& filePath, const QString& missionFilePath,
+                                              const QString& userId, ECities cities)
+{
+    SLocalProjectFile result;
+    CLmDataBase projectDb(filePath);
+    if (!projectDb.Open(true)) {
+        qCWarning(lcProjSynch) << "DB Open failed" << filePath;
+        return result;
+    }
+    result.listProjects = ReadProjectRows(projectDb, filePath, userId);
+    if (result.listProjects.isEmpty())
+        return result;
+    const bool hasMissions = !missionFilePath.isEmpty()
+        && projectDb.Exec(QStringLiteral("ATTACH DATABASE ? AS %1").arg(QLatin1String(MissionSchema)),
+                          {missionFilePath});
+    for (SProjInfor& info : result.listProjects) {
+        if (hasMissions)
+            CountMissions(projectDb, info);
+        if (cities == WithCities)
+            result.listCities.append({info.strProjID, ReadBlockCities(projectDb, info.strProjID)});
+    }
+    return result;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "LmProjSynchTypes.h"
+
+#include <QList>
+#include <QPair>
+#include <QString>
+#include <QStringList>
+
+// What one local project file holds for the signed-in user.
+struct SLocalProjectFile
+{
+    QList<SProjInfor> listProjects;
+    QList<QPair<QString, QStringList>> listCities;  // project id, cities of its survey areas
+};
+
+// Reads a local project file and its mission database: the user's project
+// rows, their mission and flown-mission counts and, when asked, the cities of
+// their survey areas.
+class CLmLocalProjectReader
+{
+public:
+    enum ECities { WithoutCities, WithCities };
+
+    // missionFilePath empty: the project has no mission database to count.
+    static SLocalProjectFile Read(const QString& filePath, const QString& missionFilePath, const QString& userId,
+                                  ECities cities);
+};

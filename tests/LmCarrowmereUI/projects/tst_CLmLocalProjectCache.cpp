@@ -1,0 +1,283 @@
+#include "CLmControl.h"
+#include "CLmDataBase.h"
+#include "CLmLocalProjectCache.h"
+#include "LmProjectConstants.h"
+#include "ProjectTestHelpers.h"
+
+#include <QCborArray>
+#include <QCborMap>
+#include <QCborValue>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <functional>
+
+#include <sys/stat.h>
+
+using namespace ProjectTestHelpers;
+
+namespace {
+
+const QString Early = QStringLiteral("2026-03-01 10:00:00");
+const QString Changed = QStringLiteral("2026-03-01 11:00:00");
+
+// Hands a file its old modification time back, so only its size, inode or
+// status-change time can tell that it changed.
+void RestoreModificationTime(const QString& path, const QDateTime& time)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+}
+
+void Execute(const QString& path, const QString& sql)
+{
+    CLmDataBase db(path);
+    QVERIFY(db.Open());
+    QVERIFY2(db.Exec(sql), qPrintable(db.LastError()));
+}
+
+struct SReading
+{
+    int iProjects = 0;
+    QString strUpdateTime;
+    int iMissions = 0;
+    int iFlown = 0;
+    QStringList listCities;
+};
+
+// Scans the one folder as the engine scans the store, then ends the scan.
+SReading Scan(CLmLocalProjectCache& cache, const QString& folder, const QString& userId = QStringLiteral("1"))
+{
+    SReading reading;
+    for (const SLocalProjectFile& file : cache.ReadFolder(folder, userId)) {
+        for (const SProjInfor& info : file.listProjects) {
+            ++reading.iProjects;
+            reading.strUpdateTime = info.strUpdateTime;
+            reading.iMissions = info.iMissionCount;
+            reading.iFlown = info.iFlownCount;
+        }
+        for (const auto& cities : file.listCities)
+            reading.listCities += cities.second;
+    }
+    cache.FinishScan();
+    return reading;
+}
+
+// The first scan of a new run, starting from the readings kept in the store.
+SReading ScanNextRun(const QString& store, const QString& folder, const QString& userId = QStringLiteral("1"))
+{
+    CLmLocalProjectCache cache(store);
+    return Scan(cache, folder, userId);
+}
+
+quint64 Inode(const QString& path)
+{
+    struct stat status {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? quint64(status.st_ino) : 0;
+}
+
+// Changes a project's databases after the first scan.
+using Change = std::function<void(const QString& projectFile, const QString& missionFile)>;
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Change)
+
+// What a scan reports must follow every change to a project's databases,
+// including the ones that leave the modification time as it was.
+class tst_CLmLocalProjectCache : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void changeAfterAScanIsSeen_data();
+    void changeAfterAScanIsSeen();
+    void changeWaitingInAWalIsSeen();
+    void readingsAreKeptBetweenRuns();
+    void damagedStoreIsIgnored_data();
+    void damagedStoreIsIgnored();
+
+private:
+    QTemporaryDir m_cacheDir;
+    QString m_strStore;
+    QString m_strProjectFile;
+    QString m_strMissionFile;
+    QString m_strFolder;
+    QDateTime m_fileTime;
+};
+
+void tst_CLmLocalProjectCache::init()
+{
+    ClearProjectRoot();
+    m_strStore = m_cacheDir.filePath(QStringLiteral("scan.cbor"));
+    QFile::remove(m_strStore);
+    CLmProjectGenerator::SOptions options = Project(QStringLiteral("P1"), QStringLiteral("Field"), Early);
+    options.iMissions = 4;
+    options.iFlownMissions = 2;
+    m_strProjectFile = WriteLocal(options);
+    QVERIFY(!m_strProjectFile.isEmpty());
+    m_strMissionFile = CLmControl::GetInstance()->GetFlightMissionFilePath(m_strProjectFile);
+    m_strFolder = QFileInfo(m_strProjectFile).absolutePath();
+    m_fileTime = QFileInfo(m_strProjectFile).lastModified();
+}
+
+void tst_CLmLocalProjectCache::changeAfterAScanIsSeen_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QString>("userId");
+    QTest::addColumn<int>("projects");
+    QTest::addColumn<QString>("updateTime");
+    QTest::addColumn<int>("missions");
+    QTest::addColumn<int>("flown");
+
+    QTest::newRow("nothing") << Change([](const QString&, const QString&) {}) << "1" << 1 << Early << 4 << 2;
+    QTest::newRow("project row rewritten, same size")
+        << Change([](const QString& project, const QString&) {
+               Execute(project, QStringLiteral("update %1 set updated_at = '%2'")
+                                    .arg(QLatin1String(ProjectTableName), Changed));
+           })
+        << "1" << 1 << Changed << 4 << 2;
+    QTest::newRow("flight-log row added")
+        << Change([](const QString&, const QString& missions) {
+               Execute(missions, QStringLiteral("insert into %1 (flight_mission_id, log_time, lat, lng, alt)"
+                                                " select max(id), '2026-03-01 10:30:00', 0, 0, 0 from %2")
+                                     .arg(QLatin1String(FlightLogTableName), QLatin1String(FlightMissionTableName)));
+           })
+        << "1" << 1 << Early << 4 << 3;
+    QTest::newRow("flight task deleted")
+        << Change([](const QString& project, const QString&) {
+               Execute(project, QStringLiteral("delete from %1 where id = (select max(id) from %1)")
+                                    .arg(QLatin1String(FlightTaskTableName)));
+           })
+        << "1" << 1 << Early << 3 << 2;
+    QTest::newRow("mission database removed")
+        << Change([](const QString&, const QString& missions) { QVERIFY(QFile::remove(missions)); }) << "1" << 1
+        << Early << 0 << 0;
+    QTest::newRow("project replaced by another file")
+        << Change([](const QString& project, const QString&) {
+               const QString replacement = project + QStringLiteral(".new");
+               QVERIFY(QFile::copy(project, replacement));
+               Execute(replacement, QStringLiteral("update %1 set updated_at = '%2'")
+                                        .arg(QLatin1String(ProjectTableName), Changed));
+               QVERIFY(QFile::remove(project));
+               QVERIFY(QFile::rename(replacement, project));
+           })
+        << "1" << 1 << Changed << 4 << 2;
+    QTest::newRow("another user signed in") << Change([](const QString&, const QString&) {}) << "2" << 0
+                                            << QString() << 0 << 0;
+}
+
+void tst_CLmLocalProjectCache::changeAfterAScanIsSeen()
+{
+    QFETCH(Change, change);
+    QFETCH(QString, userId);
+    QFETCH(int, projects);
+    QFETCH(QString, updateTime);
+    QFETCH(int, missions);
+    QFETCH(int, flown);
+
+    CLmLocalProjectCache cache(m_strStore);
+    const SReading before = Scan(cache, m_strFolder);
+    QCOMPARE(before.iMissions, 4);
+    QCOMPARE(before.iFlown, 2);
+
+    change(m_strProjectFile, m_strMissionFile);
+    for (const QString& file : {m_strProjectFile, m_strMissionFile}) {
+        if (QFile::exists(file))
+            RestoreModificationTime(file, m_fileTime);
+    }
+
+    // The same run, and the next one starting from the kept readings.
+    for (const SReading& after : {Scan(cache, m_strFolder, userId),
+                                  ScanNextRun(m_strStore, m_strFolder, userId)}) {
+        QCOMPARE(after.iProjects, projects);
+        QCOMPARE(after.strUpdateTime, updateTime);
+        QCOMPARE(after.iMissions, missions);
+        QCOMPARE(after.iFlown, flown);
+    }
+}
+
+// A writer in WAL mode keeps its commits beside the main file, whose stamp
+// stays as it was until a checkpoint.
+void tst_CLmLocalProjectCache::changeWaitingInAWalIsSeen()
+{
+    Execute(m_strProjectFile, QStringLiteral("PRAGMA journal_mode=WAL"));
+    RestoreModificationTime(m_strProjectFile, m_fileTime);
+    CLmLocalProjectCache cache;
+    QCOMPARE(Scan(cache, m_strFolder).strUpdateTime, Early);
+
+    CLmDataBase writer(m_strProjectFile);
+    QVERIFY(writer.Open());
+    QVERIFY(writer.Exec(QStringLiteral("PRAGMA wal_autocheckpoint=0")));
+    QVERIFY(writer.Exec(
+        QStringLiteral("update %1 set updated_at = '%2'").arg(QLatin1String(ProjectTableName), Changed)));
+    QVERIFY(QFileInfo(m_strProjectFile + QStringLiteral("-wal")).size() > 0);
+
+    QCOMPARE(Scan(cache, m_strFolder).strUpdateTime, Changed);
+}
+
+void tst_CLmLocalProjectCache::readingsAreKeptBetweenRuns()
+{
+    const SReading first = ScanNextRun(m_strStore, m_strFolder);
+    QCOMPARE(first.listCities, QStringList{QStringLiteral("Zurich")});
+    const quint64 keptStore = Inode(m_strStore);
+    QVERIFY(keptStore != 0);
+
+    // Every reading still holds, so the next run rewrites nothing.
+    const SReading second = ScanNextRun(m_strStore, m_strFolder);
+    QCOMPARE(Inode(m_strStore), keptStore);
+    QCOMPARE(second.iProjects, first.iProjects);
+    QCOMPARE(second.strUpdateTime, first.strUpdateTime);
+    QCOMPARE(second.iMissions, first.iMissions);
+    QCOMPARE(second.iFlown, first.iFlown);
+    QCOMPARE(second.listCities, first.listCities);
+
+    // A project that is gone is forgotten.
+    QVERIFY(QDir(m_strFolder).removeRecursively());
+    QCOMPARE(ScanNextRun(m_strStore, m_strFolder).iProjects, 0);
+    QVERIFY(Inode(m_strStore) != keptStore);
+}
+
+void tst_CLmLocalProjectCache::damagedStoreIsIgnored_data()
+{
+    QTest::addColumn<QByteArray>("store");  // empty: a real store cut in half
+    QTest::newRow("cut short") << QByteArray();
+    QTest::newRow("not CBOR") << QByteArray("\xff\x00 not a cache at all", 22);
+    QTest::newRow("another format") << QCborMap{{QStringLiteral("format"), 99}}.toCborValue().toCbor();
+    QTest::newRow("entries of the wrong shape")
+        << QCborMap{{QStringLiteral("format"), 1},
+                    {QStringLiteral("entries"),
+                     QCborArray{1, QStringLiteral("x"),
+                                QCborMap{{QStringLiteral("path"), QStringLiteral("/nowhere.proj")},
+                                         {QStringLiteral("project"), QCborArray{true}}}}}}
+               .toCborValue()
+               .toCbor();
+}
+
+void tst_CLmLocalProjectCache::damagedStoreIsIgnored()
+{
+    QFETCH(QByteArray, store);
+    if (store.isEmpty()) {
+        ScanNextRun(m_strStore, m_strFolder);
+        store = ReadFile(m_strStore);
+        store.chop(store.size() / 2);
+    }
+    QFile file(m_strStore);
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(store);
+    file.close();
+
+    const SReading reading = ScanNextRun(m_strStore, m_strFolder);
+    QCOMPARE(reading.iProjects, 1);
+    QCOMPARE(reading.strUpdateTime, Early);
+    QCOMPARE(reading.iMissions, 4);
+    QCOMPARE(reading.iFlown, 2);
+}
+
+QTEST_GUILESS_MAIN(tst_CLmLocalProjectCache)
+#include "tst_CLmLocalProjectCache.moc"
