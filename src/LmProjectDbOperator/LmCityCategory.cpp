@@ -74,6 +74,11 @@ QString LmCityCategory::GetCityName(const PointLatLng& point) const
     return bestIndex >= 0 ? m_cities.at(bestIndex).name : QString();
 }
 
+QString LmCityCategory::TableVersion()
+{
+    return QStringLiteral("geonames " SKY_GEONAMES_VERSION);
+}
+
 int LmCityCategory::CityCount() const
 {
     return m_cities.size();

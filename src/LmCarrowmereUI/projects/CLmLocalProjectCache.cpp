@@ -1,6 +1,7 @@
 #include "CLmLocalProjectCache.h"
 
 #include "CLmControl.h"
+#include "LmCityCategory.h"
 #include "LmProjectConstants.h"
 
 #include <QCborArray>
@@ -71,7 +72,8 @@ QList<SLocalProjectFile> CLmLocalProjectCache::ReadFolder(const QString& folderP
 {
     Load();
     // Names only: the listing needs no stat, and only the databases get one.
-    const QStringList files = QDir(folderPath).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    // Hidden files (backups, "._" files other systems leave) are not projects.
+    const QStringList files = QDir(folderPath).entryList(QDir::Files, QDir::Name);
     QList<SLocalProjectFile> projects;
     for (const QString& file : files) {
         // The "*.proj" filter, without compiling a pattern for every folder.
@@ -116,7 +118,8 @@ SLocalProjectFile CLmLocalProjectCache::ReadProject(const QString& folderPath, c
     SEntry entry{userId, projectStamp, missionStamp,
                  CLmLocalProjectReader::Read(path, missionStamp.bExists ? missionPath : QString(), userId,
                                              CLmLocalProjectReader::WithCities)};
-    if (pending || MayStillChangeUnseen(projectStamp, readAtNs) || MayStillChangeUnseen(missionStamp, readAtNs)) {
+    if (!entry.content.bComplete || pending || MayStillChangeUnseen(projectStamp, readAtNs)
+        || MayStillChangeUnseen(missionStamp, readAtNs)) {
         m_bChanged = m_hashEntries.remove(path) > 0 || m_bChanged;
         return entry.content;
     }
@@ -166,7 +169,8 @@ void CLmLocalProjectCache::Load()
         return;
     QCborParserError error;
     const QCborMap store = QCborValue::fromCbor(file.readAll(), &error).toMap();
-    if (error.error != QCborError::NoError || store.value(QStringLiteral("format")).toInteger() != StoreFormat) {
+    if (error.error != QCborError::NoError || store.value(QStringLiteral("format")).toInteger() != StoreFormat
+        || store.value(QStringLiteral("cities")).toString() != LmCityCategory::TableVersion()) {
         qCInfo(lcProjSynch) << "project scan cache ignored:" << m_strStorePath;
         return;
     }
@@ -185,7 +189,9 @@ void CLmLocalProjectCache::Save() const
     QCborArray entries;
     for (auto entry = m_hashEntries.cbegin(); entry != m_hashEntries.cend(); ++entry)
         entries.append(ToCbor(entry.key(), entry.value()));
-    const QCborMap store{{QStringLiteral("format"), StoreFormat}, {QStringLiteral("entries"), entries}};
+    const QCborMap store{{QStringLiteral("format"), StoreFormat},
+                         {QStringLiteral("cities"), LmCityCategory::TableVersion()},
+                         {QStringLiteral("entries"), entries}};
 
     QDir().mkpath(QFileInfo(m_strStorePath).absolutePath());
     QSaveFile file(m_strStorePath);
@@ -239,6 +245,7 @@ bool CLmLocalProjectCache::FromCbor(const QCborMap& map, QString* path, SEntry* 
         info.strProjPath = *path;
         entry->content.listProjects.append(info);
     }
+    entry->content.bComplete = true;
     for (const QCborValue& value : map.value(QStringLiteral("cities")).toArray()) {
         const QCborArray fields = value.toArray();
         entry->content.listCities.append({fields.at(0).toString(), Strings(fields.at(1).toArray())});

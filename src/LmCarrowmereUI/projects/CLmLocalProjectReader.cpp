@@ -5,7 +5,9 @@
 #include "LmProjectConstants.h"
 
 #include <QLoggingCategory>
+#include <QSqlError>
 #include <QSqlQuery>
+#include <QSqlRecord>
 
 Q_DECLARE_LOGGING_CATEGORY(lcProjSynch)
 
@@ -15,30 +17,35 @@ namespace {
 // connection and one statement for its counts however many missions it has.
 constexpr char MissionSchema[] = "mission";
 
-QList<SProjInfor> ReadProjectRows(CLmDataBase& projectDb, const QString& filePath, const QString& userId)
+bool ReadProjectRows(CLmDataBase& projectDb, const QString& filePath, const QString& userId,
+                     QList<SProjInfor>& projects)
 {
-    QList<SProjInfor> projects;
     QSqlQuery rows(projectDb.Database());
-    if (!projectDb.Exec(QStringLiteral("select id, project_name, updated_at from %1 where user_id = ?")
-                            .arg(QLatin1String(ProjectTableName)),
+    // All columns: a file from an older release may lack one, which then
+    // reads as empty.
+    if (!projectDb.Exec(QStringLiteral("select * from %1 where user_id = ?").arg(QLatin1String(ProjectTableName)),
                         {userId}, &rows)) {
         qCWarning(lcProjSynch) << "not a readable project database:" << filePath;
-        return projects;
+        return false;
     }
+    const QSqlRecord columns = rows.record();
+    const int id = columns.indexOf(QStringLiteral("id"));
+    const int name = columns.indexOf(QStringLiteral("project_name"));
+    const int updatedAt = columns.indexOf(QStringLiteral("updated_at"));
     while (rows.next()) {
         SProjInfor info;
-        info.strProjID = rows.value(0).toString();
-        info.strProjName = rows.value(1).toString();
-        info.strUpdateTime = rows.value(2).toString();
+        info.strProjID = rows.value(id).toString();
+        info.strProjName = rows.value(name).toString();
+        info.strUpdateTime = rows.value(updatedAt).toString();
         info.strProjPath = filePath;
         projects.append(info);
     }
-    return projects;
+    return rows.lastError().type() == QSqlError::NoError;
 }
 
 // A mission counts when the project database has its flight task, and is
 // flown when it has at least one flight-log row.
-void CountMissions(CLmDataBase& projectDb, SProjInfor& info)
+bool CountMissions(CLmDataBase& projectDb, SProjInfor& info)
 {
     QSqlQuery counts(projectDb.Database());
     if (!projectDb.Exec(QStringLiteral("select count(*), coalesce(sum(exists (select 1 from %1.%2 l"
@@ -49,26 +56,26 @@ void CountMissions(CLmDataBase& projectDb, SProjInfor& info)
                                  QLatin1String(FlightMissionTableName), QLatin1String(FlightTaskTableName)),
                         {info.strProjID}, &counts)
         || !counts.next())
-        return;
+        return false;
     info.iMissionCount = std::max(info.iMissionCount, counts.value(0).toInt());
     info.iFlownCount = counts.value(1).toInt();
+    return true;
 }
 
-QStringList ReadBlockCities(CLmDataBase& projectDb, const QString& projId)
+bool ReadBlockCities(CLmDataBase& projectDb, const QString& projId, QStringList& cities)
 {
-    QStringList cities;
     QSqlQuery areas(projectDb.Database());
     if (!projectDb.Exec(QStringLiteral("select distinct home_lat, home_lng from %1 where project_id = ?")
                             .arg(QLatin1String(SurveyAreaTableName)),
                         {projId}, &areas))
-        return cities;
+        return false;
     while (areas.next()) {
         const QString city = LmCityCategory::instance().GetCityName(
             PointLatLng(areas.value(0).toDouble(), areas.value(1).toDouble()));
         if (!city.isEmpty() && !cities.contains(city))
             cities.append(city);
     }
-    return cities;
+    return areas.lastError().type() == QSqlError::NoError;
 }
 
 }  // namespace
@@ -82,17 +89,24 @@ SLocalProjectFile CLmLocalProjectReader::Read(const QString& filePath, const QSt
         qCWarning(lcProjSynch) << "DB Open failed" << filePath;
         return result;
     }
-    result.listProjects = ReadProjectRows(projectDb, filePath, userId);
-    if (result.listProjects.isEmpty())
+    bool complete = ReadProjectRows(projectDb, filePath, userId, result.listProjects);
+    if (!complete || result.listProjects.isEmpty()) {
+        result.bComplete = complete;
         return result;
+    }
     const bool hasMissions = !missionFilePath.isEmpty()
         && projectDb.Exec(QStringLiteral("ATTACH DATABASE ? AS %1").arg(QLatin1String(MissionSchema)),
                           {missionFilePath});
+    complete = hasMissions || missionFilePath.isEmpty();
     for (SProjInfor& info : result.listProjects) {
         if (hasMissions)
-            CountMissions(projectDb, info);
-        if (cities == WithCities)
-            result.listCities.append({info.strProjID, ReadBlockCities(projectDb, info.strProjID)});
+            complete = CountMissions(projectDb, info) && complete;
+        if (cities == WithCities) {
+            QStringList names;
+            complete = ReadBlockCities(projectDb, info.strProjID, names) && complete;
+            result.listCities.append({info.strProjID, names});
+        }
     }
+    result.bComplete = complete;
     return result;
 }

@@ -12,6 +12,9 @@ struct SLocalProjectFile
 {
     QList<SProjInfor> listProjects;
     QList<QPair<QString, QStringList>> listCities;  // project id, cities of its survey areas
+    // Every statement succeeded: the reading is all the file holds. A locked
+    // or damaged database gives an incomplete one.
+    bool bComplete = false;
 };
 
 // Reads a local project file and its mission database: the user's project

@@ -41,6 +41,19 @@ void Execute(const QString& path, const QString& sql)
     QVERIFY2(db.Exec(sql), qPrintable(db.LastError()));
 }
 
+QString RewriteUpdateTime()
+{
+    return QStringLiteral("update %1 set updated_at = '%2'").arg(QLatin1String(ProjectTableName), Changed);
+}
+
+// Flies the last mission, which had no flight log yet.
+QString AddFlightLog()
+{
+    return QStringLiteral("insert into %1 (flight_mission_id, log_time, lat, lng, alt)"
+                          " select max(id), '2026-03-01 10:30:00', 0, 0, 0 from %2")
+        .arg(QLatin1String(FlightLogTableName), QLatin1String(FlightMissionTableName));
+}
+
 struct SReading
 {
     int iProjects = 0;
@@ -97,7 +110,13 @@ private Q_SLOTS:
     void init();
     void changeAfterAScanIsSeen_data();
     void changeAfterAScanIsSeen();
+    void changeWaitingInAWalIsSeen_data();
     void changeWaitingInAWalIsSeen();
+    void lockedDatabaseIsReadAgain_data();
+    void lockedDatabaseIsReadAgain();
+    void justWrittenFileIsNotKept_data();
+    void justWrittenFileIsNotKept();
+    void hiddenFilesAreNotProjects();
     void readingsAreKeptBetweenRuns();
     void damagedStoreIsIgnored_data();
     void damagedStoreIsIgnored();
@@ -134,42 +153,43 @@ void tst_CLmLocalProjectCache::changeAfterAScanIsSeen_data()
     QTest::addColumn<QString>("updateTime");
     QTest::addColumn<int>("missions");
     QTest::addColumn<int>("flown");
+    QTest::addColumn<QStringList>("cities");
+    const QStringList zurich{QStringLiteral("Zurich")};
 
-    QTest::newRow("nothing") << Change([](const QString&, const QString&) {}) << "1" << 1 << Early << 4 << 2;
+    QTest::newRow("nothing") << Change([](const QString&, const QString&) {}) << "1" << 1 << Early << 4 << 2
+                             << zurich;
     QTest::newRow("project row rewritten, same size")
-        << Change([](const QString& project, const QString&) {
-               Execute(project, QStringLiteral("update %1 set updated_at = '%2'")
-                                    .arg(QLatin1String(ProjectTableName), Changed));
-           })
-        << "1" << 1 << Changed << 4 << 2;
+        << Change([](const QString& project, const QString&) { Execute(project, RewriteUpdateTime()); }) << "1"
+        << 1 << Changed << 4 << 2 << zurich;
     QTest::newRow("flight-log row added")
-        << Change([](const QString&, const QString& missions) {
-               Execute(missions, QStringLiteral("insert into %1 (flight_mission_id, log_time, lat, lng, alt)"
-                                                " select max(id), '2026-03-01 10:30:00', 0, 0, 0 from %2")
-                                     .arg(QLatin1String(FlightLogTableName), QLatin1String(FlightMissionTableName)));
+        << Change([](const QString&, const QString& missions) { Execute(missions, AddFlightLog()); }) << "1" << 1
+        << Early << 4 << 3 << zurich;
+    QTest::newRow("survey areas moved")
+        << Change([](const QString& project, const QString&) {
+               Execute(project, QStringLiteral("update %1 set home_lat = 48.8566, home_lng = 2.3522")
+                                    .arg(QLatin1String(SurveyAreaTableName)));
            })
-        << "1" << 1 << Early << 4 << 3;
+        << "1" << 1 << Early << 4 << 2 << QStringList{QStringLiteral("Paris")};
     QTest::newRow("flight task deleted")
         << Change([](const QString& project, const QString&) {
                Execute(project, QStringLiteral("delete from %1 where id = (select max(id) from %1)")
                                     .arg(QLatin1String(FlightTaskTableName)));
            })
-        << "1" << 1 << Early << 3 << 2;
+        << "1" << 1 << Early << 3 << 2 << zurich;
     QTest::newRow("mission database removed")
         << Change([](const QString&, const QString& missions) { QVERIFY(QFile::remove(missions)); }) << "1" << 1
-        << Early << 0 << 0;
+        << Early << 0 << 0 << zurich;
     QTest::newRow("project replaced by another file")
         << Change([](const QString& project, const QString&) {
                const QString replacement = project + QStringLiteral(".new");
                QVERIFY(QFile::copy(project, replacement));
-               Execute(replacement, QStringLiteral("update %1 set updated_at = '%2'")
-                                        .arg(QLatin1String(ProjectTableName), Changed));
+               Execute(replacement, RewriteUpdateTime());
                QVERIFY(QFile::remove(project));
                QVERIFY(QFile::rename(replacement, project));
            })
-        << "1" << 1 << Changed << 4 << 2;
-    QTest::newRow("another user signed in") << Change([](const QString&, const QString&) {}) << "2" << 0
-                                            << QString() << 0 << 0;
+        << "1" << 1 << Changed << 4 << 2 << zurich;
+    QTest::newRow("another user signed in")
+        << Change([](const QString&, const QString&) {}) << "2" << 0 << QString() << 0 << 0 << QStringList();
 }
 
 void tst_CLmLocalProjectCache::changeAfterAScanIsSeen()
@@ -180,6 +200,7 @@ void tst_CLmLocalProjectCache::changeAfterAScanIsSeen()
     QFETCH(QString, updateTime);
     QFETCH(int, missions);
     QFETCH(int, flown);
+    QFETCH(QStringList, cities);
 
     CLmLocalProjectCache cache(m_strStore);
     const SReading before = Scan(cache, m_strFolder);
@@ -199,26 +220,93 @@ void tst_CLmLocalProjectCache::changeAfterAScanIsSeen()
         QCOMPARE(after.strUpdateTime, updateTime);
         QCOMPARE(after.iMissions, missions);
         QCOMPARE(after.iFlown, flown);
+        QCOMPARE(after.listCities, cities);
     }
+}
+
+// Rows: which of the project's databases the change is made in.
+void tst_CLmLocalProjectCache::changeWaitingInAWalIsSeen_data()
+{
+    QTest::addColumn<bool>("inMissionDatabase");
+    QTest::newRow("project database") << false;
+    QTest::newRow("mission database") << true;
 }
 
 // A writer in WAL mode keeps its commits beside the main file, whose stamp
 // stays as it was until a checkpoint.
 void tst_CLmLocalProjectCache::changeWaitingInAWalIsSeen()
 {
-    Execute(m_strProjectFile, QStringLiteral("PRAGMA journal_mode=WAL"));
-    RestoreModificationTime(m_strProjectFile, m_fileTime);
+    QFETCH(bool, inMissionDatabase);
+    const QString file = inMissionDatabase ? m_strMissionFile : m_strProjectFile;
+    Execute(file, QStringLiteral("PRAGMA journal_mode=WAL"));
+    RestoreModificationTime(file, m_fileTime);
     CLmLocalProjectCache cache;
-    QCOMPARE(Scan(cache, m_strFolder).strUpdateTime, Early);
+    QCOMPARE(Scan(cache, m_strFolder).iFlown, 2);
 
-    CLmDataBase writer(m_strProjectFile);
+    CLmDataBase writer(file);
     QVERIFY(writer.Open());
     QVERIFY(writer.Exec(QStringLiteral("PRAGMA wal_autocheckpoint=0")));
-    QVERIFY(writer.Exec(
-        QStringLiteral("update %1 set updated_at = '%2'").arg(QLatin1String(ProjectTableName), Changed)));
-    QVERIFY(QFileInfo(m_strProjectFile + QStringLiteral("-wal")).size() > 0);
+    QVERIFY(writer.Exec(inMissionDatabase ? AddFlightLog() : RewriteUpdateTime()));
+    QVERIFY(QFileInfo(file + QStringLiteral("-wal")).size() > 0);
 
-    QCOMPARE(Scan(cache, m_strFolder).strUpdateTime, Changed);
+    const SReading after = Scan(cache, m_strFolder);
+    QCOMPARE(after.strUpdateTime, inMissionDatabase ? Early : Changed);
+    QCOMPARE(after.iFlown, inMissionDatabase ? 3 : 2);
+}
+
+void tst_CLmLocalProjectCache::lockedDatabaseIsReadAgain_data()
+{
+    changeWaitingInAWalIsSeen_data();
+}
+
+// A database another program holds locked cannot be read; once it is free the
+// project is read whole, though its files never changed.
+void tst_CLmLocalProjectCache::lockedDatabaseIsReadAgain()
+{
+    QFETCH(bool, inMissionDatabase);
+    CLmLocalProjectCache cache(m_strStore);
+    {
+        CLmDataBase locker(inMissionDatabase ? m_strMissionFile : m_strProjectFile);
+        QVERIFY(locker.Open());
+        QVERIFY(locker.Exec(QStringLiteral("BEGIN EXCLUSIVE")));
+        const SReading locked = Scan(cache, m_strFolder);
+        QVERIFY(locked.iProjects == 0 || locked.iMissions == 0);
+        QVERIFY(locker.Exec(QStringLiteral("ROLLBACK")));
+    }
+    for (const SReading& after : {Scan(cache, m_strFolder), ScanNextRun(m_strStore, m_strFolder)}) {
+        QCOMPARE(after.iProjects, 1);
+        QCOMPARE(after.iMissions, 4);
+        QCOMPARE(after.iFlown, 2);
+    }
+}
+
+void tst_CLmLocalProjectCache::justWrittenFileIsNotKept_data()
+{
+    changeWaitingInAWalIsSeen_data();
+}
+
+// A file written a moment ago may be written again within its file system's
+// clock tick: its reading is used but not kept.
+void tst_CLmLocalProjectCache::justWrittenFileIsNotKept()
+{
+    QFETCH(bool, inMissionDatabase);
+    RestoreModificationTime(inMissionDatabase ? m_strMissionFile : m_strProjectFile, QDateTime::currentDateTime());
+    QCOMPARE(ScanNextRun(m_strStore, m_strFolder).iMissions, 4);
+    QVERIFY(!QFile::exists(m_strStore));
+}
+
+void tst_CLmLocalProjectCache::hiddenFilesAreNotProjects()
+{
+    QVERIFY(QFile::copy(m_strProjectFile, m_strFolder + QStringLiteral("/.Field-backup.proj")));
+    QFile junk(m_strFolder + QStringLiteral("/._Field.proj"));
+    QVERIFY(junk.open(QIODevice::WriteOnly));
+    junk.write(QByteArray(4096, 'x'));
+    junk.close();
+
+    CLmLocalProjectCache cache;
+    const QList<SLocalProjectFile> files = cache.ReadFolder(m_strFolder, QStringLiteral("1"));
+    QCOMPARE(files.size(), 1);
+    QCOMPARE(files.first().listProjects.first().strProjPath, m_strProjectFile);
 }
 
 void tst_CLmLocalProjectCache::readingsAreKeptBetweenRuns()
