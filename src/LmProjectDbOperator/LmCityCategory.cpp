@@ -2,6 +2,7 @@
 
 #include <geonames.h>
 
+#include <clocale>
 #include <cmath>
 
 namespace {
@@ -74,9 +75,13 @@ QString LmCityCategory::GetCityName(const PointLatLng& point) const
     return bestIndex >= 0 ? m_cities.at(bestIndex).name : QString();
 }
 
+// City names come translated into the message language, so the language is
+// part of what a name was made with.
 QString LmCityCategory::TableVersion()
 {
-    return QStringLiteral("geonames " SKY_GEONAMES_VERSION);
+    const char* messages = std::setlocale(LC_MESSAGES, nullptr);
+    return QStringLiteral("geonames " SKY_GEONAMES_VERSION " %1 %2")
+        .arg(QString::fromLocal8Bit(messages ? messages : ""), QString::fromLocal8Bit(qgetenv("LANGUAGE")));
 }
 
 int LmCityCategory::CityCount() const

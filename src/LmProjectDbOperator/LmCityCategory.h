@@ -22,8 +22,9 @@ public:
     // one far from every city.
     QString GetCityName(const PointLatLng& point) const;
     int CityCount() const;
-    // Names the city table: readings that hold city names are only as good
-    // as the table they were made with. Known without loading the table.
+    // Names the city table and the language of its names: readings that
+    // hold city names are only as good as the table they were made with.
+    // Known without loading the table.
     static QString TableVersion();
 
 private:
