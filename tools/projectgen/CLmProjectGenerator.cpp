@@ -38,14 +38,13 @@ QString AreaOutline(double lat, double lng)
     return QString::fromUtf8(QJsonDocument(outline).toJson(QJsonDocument::Compact));
 }
 
-// A store's files were last written when their project was last changed.
-bool SetModificationTime(const QString& filePath, const QDateTime& time)
+}  // namespace
+
+bool CLmProjectGenerator::SetModificationTime(const QString& filePath, const QDateTime& time)
 {
     QFile file(filePath);
     return file.open(QIODevice::ReadOnly) && file.setFileTime(time, QFileDevice::FileModificationTime);
 }
-
-}  // namespace
 
 QString CLmProjectGenerator::WriteProject(const QString& folder, const SOptions& options)
 {

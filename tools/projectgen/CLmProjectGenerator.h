@@ -32,6 +32,9 @@ public:
     static bool WriteProjectDatabase(const QString& filePath, const SOptions& options);
     static bool WriteMissionDatabase(const QString& filePath, const SOptions& options);
 
+    // A store's files were last written when their project was last changed.
+    static bool SetModificationTime(const QString& filePath, const QDateTime& time);
+
     // A new project id in the form the planning application uses.
     static QString NewProjectID();
     static QString TaskGuid(const SOptions& options, int mission);

@@ -108,10 +108,8 @@ void CLmCarrowmereProjMgrObj::slotDownloadPrjectWithProjID(QString strProjID)
 
 void CLmCarrowmereProjMgrObj::slotReadLocalProject(QString strProjectPath)
 {
-    const QString missionPath = CLmControl::GetInstance()->GetFlightMissionFilePath(strProjectPath);
-    const SLocalProjectFile file =
-        CLmLocalProjectReader::Read(strProjectPath, QFileInfo::exists(missionPath) ? missionPath : QString(),
-                                    GetCurUserInfo().strUserID, CLmLocalProjectReader::WithoutCities);
+    const SLocalProjectFile file = CLmLocalProjectReader::Read(strProjectPath, GetCurUserInfo().strUserID,
+                                                               CLmLocalProjectReader::WithoutCities);
     for (const SProjInfor& info : file.listProjects) {
         m_mapLocalProj.insert(info.strProjID, info);
         Q_EMIT LocalProjInforOne(info);

@@ -116,8 +116,7 @@ SLocalProjectFile CLmLocalProjectCache::ReadProject(const QString& folderPath, c
 
     const qint64 readAtNs = QDateTime::currentMSecsSinceEpoch() * 1'000'000;
     SEntry entry{userId, projectStamp, missionStamp,
-                 CLmLocalProjectReader::Read(path, missionStamp.bExists ? missionPath : QString(), userId,
-                                             CLmLocalProjectReader::WithCities)};
+                 CLmLocalProjectReader::Read(path, userId, CLmLocalProjectReader::WithCities)};
     if (!entry.content.bComplete || pending || MayStillChangeUnseen(projectStamp, readAtNs)
         || MayStillChangeUnseen(missionStamp, readAtNs)) {
         m_bChanged = m_hashEntries.remove(path) > 0 || m_bChanged;

@@ -1,9 +1,11 @@
 #include "CLmLocalProjectReader.h"
 
+#include "CLmControl.h"
 #include "CLmDataBase.h"
 #include "LmCityCategory.h"
 #include "LmProjectConstants.h"
 
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -80,8 +82,7 @@ bool ReadBlockCities(CLmDataBase& projectDb, const QString& projId, QStringList&
 
 }  // namespace
 
-SLocalProjectFile CLmLocalProjectReader::Read(const QString& filePath, const QString& missionFilePath,
-                                              const QString& userId, ECities cities)
+SLocalProjectFile CLmLocalProjectReader::Read(const QString& filePath, const QString& userId, ECities cities)
 {
     SLocalProjectFile result;
     CLmDataBase projectDb(filePath);
@@ -94,10 +95,12 @@ SLocalProjectFile CLmLocalProjectReader::Read(const QString& filePath, const QSt
         result.bComplete = complete;
         return result;
     }
-    const bool hasMissions = !missionFilePath.isEmpty()
+    const QString missionFilePath = CLmControl::GetInstance()->GetFlightMissionFilePath(filePath);
+    const bool missionFileExists = QFileInfo::exists(missionFilePath);
+    const bool hasMissions = missionFileExists
         && projectDb.Exec(QStringLiteral("ATTACH DATABASE ? AS %1").arg(QLatin1String(MissionSchema)),
                           {missionFilePath});
-    complete = hasMissions || missionFilePath.isEmpty();
+    complete = hasMissions || !missionFileExists;
     for (SProjInfor& info : result.listProjects) {
         if (hasMissions)
             complete = CountMissions(projectDb, info) && complete;

@@ -25,7 +25,6 @@ class CLmLocalProjectReader
 public:
     enum ECities { WithoutCities, WithCities };
 
-    // missionFilePath empty: the project has no mission database to count.
-    static SLocalProjectFile Read(const QString& filePath, const QString& missionFilePath, const QString& userId,
-                                  ECities cities);
+    // A project without a mission database has no missions to count.
+    static SLocalProjectFile Read(const QString& filePath, const QString& userId, ECities cities);
 };

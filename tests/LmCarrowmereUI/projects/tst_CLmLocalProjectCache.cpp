@@ -29,9 +29,7 @@ const QString Changed = QStringLiteral("2026-03-01 11:00:00");
 // status-change time can tell that it changed.
 void RestoreModificationTime(const QString& path, const QDateTime& time)
 {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+    QVERIFY(CLmProjectGenerator::SetModificationTime(path, time));
 }
 
 void Execute(const QString& path, const QString& sql)
