@@ -5,6 +5,7 @@
 #include "CLmLocalProjectCache.h"
 #include "CLmProjClassifier.h"
 #include "CLmProjectGenerator.h"
+#include "CLmSessionStore.h"
 #include "LmConstants.h"
 #include "LmProjectConstants.h"
 

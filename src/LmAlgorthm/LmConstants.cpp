@@ -2,7 +2,6 @@
 
 #include "CLmDeployConfig.h"
 
-#include <QSettings>
 
 namespace {
 
@@ -58,30 +57,4 @@ QString GetHelpUrl()
 {
     const QString configured = CLmDeployConfig::Instance().Value(QStringLiteral("help"), QStringLiteral("manual_url"));
     return configured.isEmpty() ? QString::fromUtf8(GetPageIP()) + QStringLiteral("help") : configured;
-}
-
-SLmUserInfo GetCurUserInfo()
-{
-    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
-    settings.beginGroup(QLatin1String(UserInfoGroupName));
-    SLmUserInfo info;
-    info.strToken = settings.value(QLatin1String(UserInfoToken)).toString();
-    info.strUserID = settings.value(QLatin1String(UserInfoUserID)).toString();
-    info.strAccount = settings.value(QLatin1String(UserInfoAccount)).toString();
-    info.strNickName = settings.value(QLatin1String(UserInfoNickName)).toString();
-    info.strUserType = settings.value(QStringLiteral("User_Type")).toString();
-    settings.endGroup();
-    return info;
-}
-
-void ClearCurUserSession()
-{
-    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
-    settings.beginGroup(QLatin1String(UserInfoGroupName));
-    settings.setValue(QStringLiteral("AutoLogin"), false);
-    settings.setValue(QLatin1String(UserInfoToken), QString());
-    settings.setValue(QLatin1String(UserInfoNickName), QString());
-    settings.setValue(QLatin1String(UserInfoUserID), QString());
-    settings.setValue(QStringLiteral("PWD"), QString());
-    settings.endGroup();
 }

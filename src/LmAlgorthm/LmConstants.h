@@ -1,18 +1,10 @@
 #pragma once
 
-#include "SLmUserInfo.h"
+// Deployment data: the addresses and keys this installation talks to, from
+// the deployment file with its environment overrides.
 
 #include <QByteArray>
 #include <QString>
-
-// Names of the user settings that hold the session.
-inline constexpr char OrganizationName[] = "Tolva";
-inline constexpr char CloundApplicationName[] = "Tolva_clound";
-inline constexpr char UserInfoGroupName[] = "UserInfo";
-inline constexpr char UserInfoToken[] = "token";
-inline constexpr char UserInfoNickName[] = "nick_name";
-inline constexpr char UserInfoAccount[] = "account";
-inline constexpr char UserInfoUserID[] = "user_id";
 
 // Cloud service base URL: scheme, host and port, no trailing slash.
 QByteArray GetServerIP();
@@ -26,10 +18,3 @@ QString GetPushChannelAddress();
 // The GUID the hub passes to every sibling application it starts.
 QString GetLaunchKey();
 QString GetHelpUrl();
-
-// The current session from the user settings.
-SLmUserInfo GetCurUserInfo();
-// Forgets the signed-in session: token, nick name, user id and "PWD" empty,
-// "AutoLogin" false. The account, user type and permissions are kept so the
-// next sign-in can start from them.
-void ClearCurUserSession();

@@ -1,11 +1,12 @@
 #include "CLmUpdateQuery.h"
 
 #include "CLmNetWorkRequest.h"
+#include "CLmReplyEnvelope.h"
 #include "LmCarrowmereUtilityLog.h"
-#include "LmConstants.h"
+#include "LmCloudRequest.h"
 #include "LmVersion.h"
 
-#include <QJsonDocument>
+#include <QJsonObject>
 #include <QRegularExpression>
 #include <QUrl>
 
@@ -28,22 +29,22 @@ CLmUpdateQuery::CLmUpdateQuery(QObject* parent)
 
 void CLmUpdateQuery::Query(const QString& product, const QString& currentVersion)
 {
-    auto* request = new CLmNetWorkRequest;
+    CLmNetWorkRequest* request = LmCloudRequest::NewAnonymous(
+        "/app/checkupdate?product=" + QUrl::toPercentEncoding(product) + "&version="
+        + QUrl::toPercentEncoding(currentVersion));
     connect(request, &CLmNetWorkRequest::ActionSucced, this,
             [this, currentVersion](const QByteArray& reply) { OnReply(reply, currentVersion); });
     connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmUpdateQuery::Failed);
     connect(request, &CLmNetWorkRequest::NetWorkError, this, [this] { emit Failed(tr("Network fault")); });
-    request->SetUrl(GetServerIP() + "/app/checkupdate?product=" + QUrl::toPercentEncoding(product)
-                    + "&version=" + QUrl::toPercentEncoding(currentVersion));
     request->PostNetWorkReplyMessage();
 }
 
 void CLmUpdateQuery::OnReply(const QByteArray& reply, const QString& currentVersion)
 {
-    const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
-    const QJsonObject release = envelope.value(QStringLiteral("data")).toObject();
-    if (envelope.value(QStringLiteral("status")).toInt(-1) != 0) {
-        emit Failed(envelope.value(QStringLiteral("message")).toString());
+    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
+    const QJsonObject release = envelope.DataObject();
+    if (!envelope.IsSuccess()) {
+        emit Failed(envelope.Message());
     } else if (!LmVersion::IsNewer(release.value(QStringLiteral("version")).toString(), currentVersion)) {
         emit UpToDate();
     } else if (!IsDownloadable(release)) {

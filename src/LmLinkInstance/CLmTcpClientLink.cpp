@@ -1,6 +1,6 @@
 #include "CLmTcpClientLink.h"
 
-#include "LmConstants.h"
+#include "CLmSessionStore.h"
 #include "LmLinkInstanceLog.h"
 
 namespace {
@@ -80,7 +80,7 @@ void CLmTcpClientLink::OnConnected()
 
 bool CLmTcpClientLink::SendSubscription()
 {
-    const QString token = GetCurUserInfo().strToken;
+    const QString token = CLmSessionStore().Token();
     if (token.isEmpty())
         return false;
     m_socket.write("SUBSCRIBE " + token.toUtf8() + '\n');

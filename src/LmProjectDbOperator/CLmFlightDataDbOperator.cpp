@@ -4,7 +4,10 @@
 #include "CLmFlightDataWriter.h"
 #include "CLmUpLoadObject.h"
 #include "CLmClock.h"
-#include "LmConstants.h"
+#include "CLmReplyEnvelope.h"
+#include "CLmSessionStore.h"
+#include "LmCloudForm.h"
+#include "LmCloudRequest.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,11 +28,6 @@ EUploadEnv SupportedEnv(EUploadEnv env)
         return env;
     qCWarning(lcFlightData) << "upload environment" << int(env) << "is not supported; flight data is not sent";
     return UploadEnvNone;
-}
-
-QByteArray FormField(const char* name, const QString& value)
-{
-    return QByteArray(name) + '=' + value.toUtf8().toPercentEncoding();
 }
 
 QString CompactJson(const QJsonDocument& document)
@@ -99,7 +97,7 @@ QStringList CLmFlightDataDbOperator::MissionDatabaseFiles() const
         return QFileInfo::exists(m_strFlightMissionFilePath) ? QStringList{m_strFlightMissionFilePath} : QStringList();
     QString folder = CLmControl::GetInstance()->GetRouteFolder();
     if (folder.isEmpty()) {
-        const QString userId = GetCurUserInfo().strUserID;
+        const QString userId = CLmSessionStore().CurrentUser().strUserID;
         if (userId.isEmpty())
             return {};
         folder = CLmControl::GetInstance()->GetAppDataDirectory() + QStringLiteral("/Project/") + userId
@@ -127,7 +125,7 @@ bool CLmFlightDataDbOperator::MaySend() const
 {
     if (m_eEnv != UploadEnvCloud)
         return false;
-    if (GetCurUserInfo().strToken.isEmpty()) {
+    if (!CLmSessionStore().IsSignedIn()) {
         qCDebug(lcFlightData) << "nobody signed in: flight data waits";
         return false;
     }
@@ -156,14 +154,12 @@ void CLmFlightDataDbOperator::SendNextBatch()
 
 void CLmFlightDataDbOperator::PostBatch(const CLmFlightUploadState::SMission& mission, const QJsonArray& rows)
 {
-    const QByteArray body = FormField("project_id", mission.strProjectID) + '&'
-                            + FormField("flight_task_id", mission.strTaskID) + '&'
-                            + FormField("flight_mission_id", QString::number(mission.iMissionID)) + '&'
-                            + FormField("mission", CompactJson(QJsonDocument(mission.jMission))) + '&'
-                            + FormField("rows", CompactJson(QJsonDocument(rows)));
-    CLmUpLoadObject* upload = UploadObject();
-    upload->SetUrl(GetServerIP() + UploadPath);
-    upload->SetRawHeader(QByteArrayLiteral("token"), GetCurUserInfo().strToken.toUtf8());
+    const QByteArray body = LmCloudForm::Body({{"project_id", mission.strProjectID},
+                                               {"flight_task_id", mission.strTaskID},
+                                               {"flight_mission_id", QString::number(mission.iMissionID)},
+                                               {"mission", CompactJson(QJsonDocument(mission.jMission))},
+                                               {"rows", CompactJson(QJsonDocument(rows))}});
+    CLmUpLoadObject* upload = LmCloudRequest::AddressSignedIn(UploadObject(), UploadPath);
     upload->SetFilePathArray(body);
     upload->PostNetWorkReplyMessage();
 }
@@ -172,7 +168,7 @@ void CLmFlightDataDbOperator::slotUploadAnswered(const QByteArray& reply)
 {
     if (!IsConfirmed(reply)) {
         qCInfo(lcFlightData) << "the cloud refused the flight data:"
-                             << QJsonDocument::fromJson(reply).object().value(QStringLiteral("status")).toInt();
+                             << CLmReplyEnvelope::Parse(reply).Status();
         FinishCheck();
         return;
     }
@@ -192,9 +188,9 @@ void CLmFlightDataDbOperator::slotUploadFailed()
 
 bool CLmFlightDataDbOperator::IsConfirmed(const QByteArray& reply) const
 {
-    const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
-    const QJsonObject data = envelope.value(QStringLiteral("data")).toObject();
-    return envelope.value(QStringLiteral("status")).toInt(-1) == 0
+    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
+    const QJsonObject data = envelope.DataObject();
+    return envelope.IsSuccess()
            && data.value(QStringLiteral("flight_mission_id")).toDouble(-1) == double(m_listPending.first().iMissionID)
            && data.value(QStringLiteral("last_log_id")).toDouble(-1) == double(m_iSentLastLogID);
 }

@@ -12,7 +12,7 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(QStringLiteral("SkyConsole"));
     // Library chatter stays quiet unless QT_LOGGING_RULES asks for it; the
     // window's own events (aircraft connect, push notices) are kept.
-    QLoggingCategory::setFilterRules(QStringLiteral("sky.*.debug=false\nsky.ui.mainwindow.debug=true"));
+    QLoggingCategory::setFilterRules(QStringLiteral("sky.*.debug=false\nsky.carrowmereui.mainwindow.debug=true"));
 
     QFile style(QStringLiteral(":/styles/skyconsole.qss"));
     if (style.open(QIODevice::ReadOnly))

@@ -2,6 +2,7 @@
 #include "CLmLinkManager.h"
 #include "CLmLinkProvide.h"
 #include "CSkyCloudProcess.h"
+#include "CLmSessionStore.h"
 #include "LmConstants.h"
 
 #include <QJsonArray>

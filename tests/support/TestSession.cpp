@@ -1,9 +1,7 @@
 #include "TestSession.h"
 
 #include "CLmDeployConfig.h"
-#include "LmConstants.h"
-
-#include <QSettings>
+#include "CLmSessionStore.h"
 
 namespace TestSession {
 
@@ -16,12 +14,10 @@ void PointCloudAt(const QByteArray& baseUrl)
 
 void SetSession(const QString& token, const QString& userId)
 {
-    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
-    settings.beginGroup(QLatin1String(UserInfoGroupName));
-    settings.setValue(QLatin1String(UserInfoToken), token);
-    settings.setValue(QLatin1String(UserInfoUserID), userId);
-    settings.endGroup();
-    settings.sync();
+    SLmUserInfo user;
+    user.strToken = token;
+    user.strUserID = userId;
+    CLmSessionStore().SaveSignIn(user, QString());
 }
 
 }  // namespace TestSession

@@ -1,10 +1,7 @@
 #include "CLmNoFlyZoneUpgrade.h"
 
+#include "LmCarrowmereUILog.h"
 #include "CLmControl.h"
-
-#include <QLoggingCategory>
-
-Q_LOGGING_CATEGORY(lcNoFly, "sky.ui.noflyzone")
 
 CLmNoFlyZoneUpgrade::CLmNoFlyZoneUpgrade(QObject* parent)
     : QObject(parent)

@@ -1,29 +1,26 @@
 #include "CLmCarrowmereProjMgrObj.h"
 
+#include "LmCarrowmereUILog.h"
 #include "CLmControl.h"
 #include "CLmDataBase.h"
 #include "CLmDownLoadObject.h"
+#include "CLmReplyEnvelope.h"
+#include "CLmSessionStore.h"
 #include "CLmUpLoadObject.h"
 #include "LmCityCategory.h"
 #include "LmCloudPaths.h"
-#include "LmConstants.h"
+#include "LmCloudRequest.h"
 #include "LmProjectConstants.h"
 #include "LmProjectFiles.h"
 
 #include <QDate>
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QLoggingCategory>
 #include <QSqlQuery>
 #include <QTemporaryFile>
 
 #include <filesystem>
 #include <system_error>
-
-Q_LOGGING_CATEGORY(lcProjSynch, "sky.ui.projectsynch")
 
 namespace {
 
@@ -37,9 +34,8 @@ int Percent(qlonglong current, qlonglong total)
 
 bool IsRefusal(const QByteArray& reply)
 {
-    const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
-    const int status = envelope.value(QStringLiteral("status")).toInt();
-    return !envelope.isEmpty() && (status == 401 || status == 403);
+    const int status = CLmReplyEnvelope::Parse(reply).Status();
+    return status == 401 || status == 403;
 }
 
 void RemoveFromQueue(QList<SProjInfor>& queue, const QString& projId)
@@ -199,7 +195,7 @@ void CLmCarrowmereProjMgrObj::RequestProjectList()
         return;
     }
     CLmDownLoadObject* request = ListObject();
-    SetCloudRequest(request, LmCloudPath::ProjectList);
+    LmCloudRequest::AddressSignedIn(request, LmCloudPath::ProjectList);
     request->slotRequestData();
 }
 
@@ -217,11 +213,11 @@ void CLmCarrowmereProjMgrObj::slotDownLoadProjectListFinished()
 {
     m_listDownload.clear();
     m_listUpload.clear();
-    const QJsonObject envelope = QJsonDocument::fromJson(ListObject()->GetDownLoadData()).object();
-    if (envelope.isEmpty())
+    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(ListObject()->GetDownLoadData());
+    if (!envelope.IsParsed())
         return;
-    const QJsonValue data = envelope.value(QStringLiteral("data"));
-    if (envelope.value(QStringLiteral("status")).toInt() != 0 || !data.isArray()) {
+    const QJsonValue data = envelope.Data();
+    if (!envelope.IsSuccess() || !data.isArray()) {
         Q_EMIT SynchProjMsg(SynchProMsgListError, tr("Reading project list error."));
         return;
     }
@@ -270,7 +266,7 @@ void CLmCarrowmereProjMgrObj::PostDownload(const SProjInfor& info, bool single)
     m_curDownload = info;
     m_bDownloading = true;
     CLmDownLoadObject* request = FileObject();
-    SetCloudRequest(request, LmCloudPath::ProjectDownloadFile);
+    LmCloudRequest::AddressSignedIn(request, LmCloudPath::ProjectDownloadFile);
     request->SetFilePathArray(QByteArrayLiteral("id=") + info.strProjID.toLatin1());
     request->SetUserData(SingleDownloadRole, single);
     request->slotRequestData();
@@ -393,7 +389,7 @@ void CLmCarrowmereProjMgrObj::StartUploadQueue()
     }
     m_bUploading = true;
     CLmUpLoadObject* request = UploadObject();
-    SetCloudRequest(request, LmCloudPath::ProjectUpload);
+    LmCloudRequest::AddressSignedIn(request, LmCloudPath::ProjectUpload);
     request->SetFilePathArray(QByteArrayLiteral("data=") + projectText);
     request->PostNetWorkReplyMessage();
 }
@@ -407,10 +403,9 @@ void CLmCarrowmereProjMgrObj::slotUpLoadProcess(qlonglong iCur, qlonglong iTotal
 
 void CLmCarrowmereProjMgrObj::slotUpLoadFinished(QByteArray reply)
 {
-    const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
-    if (!envelope.isEmpty() && envelope.value(QStringLiteral("status")).toInt(-1) == 0) {
-        const QVariant version =
-            envelope.value(QStringLiteral("data")).toObject().value(QStringLiteral("version")).toVariant();
+    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
+    if (envelope.IsSuccess()) {
+        const QVariant version = envelope.DataObject().value(QStringLiteral("version")).toVariant();
         bool isNumber = false;
         const qint64 number = version.toLongLong(&isNumber);
         if (isNumber)
@@ -445,12 +440,6 @@ void CLmCarrowmereProjMgrObj::WriteVersion(const QString& filePath, qint64 versi
 }
 
 // ---- request objects ----------------------------------------------------------------
-
-void CLmCarrowmereProjMgrObj::SetCloudRequest(CLmTransferObject* request, const char* path) const
-{
-    request->SetRawHeader(QByteArrayLiteral("token"), GetCurUserInfo().strToken.toUtf8());
-    request->SetUrl(GetServerIP() + path);
-}
 
 CLmDownLoadObject* CLmCarrowmereProjMgrObj::ListObject()
 {

@@ -88,7 +88,6 @@ private:
     CLmDownLoadObject* ListObject();
     CLmDownLoadObject* FileObject();
     CLmUpLoadObject* UploadObject();
-    void SetCloudRequest(CLmTransferObject* request, const char* path) const;
 
     QMap<QString, SProjInfor> m_mapLocalProj;
     CLmLocalProjectCache m_scanCache{CLmLocalProjectCache::DefaultStorePath()};

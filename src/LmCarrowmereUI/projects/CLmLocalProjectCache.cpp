@@ -1,5 +1,6 @@
 #include "CLmLocalProjectCache.h"
 
+#include "LmCarrowmereUILog.h"
 #include "CLmControl.h"
 #include "LmCityCategory.h"
 #include "LmProjectConstants.h"
@@ -11,13 +12,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QSaveFile>
 #include <QStandardPaths>
 
 #include <sys/stat.h>
-
-Q_DECLARE_LOGGING_CATEGORY(lcProjSynch)
 
 namespace {
 

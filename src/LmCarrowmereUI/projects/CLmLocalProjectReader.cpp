@@ -1,17 +1,15 @@
 #include "CLmLocalProjectReader.h"
 
+#include "LmCarrowmereUILog.h"
 #include "CLmControl.h"
 #include "CLmDataBase.h"
 #include "LmCityCategory.h"
 #include "LmProjectConstants.h"
 
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
-
-Q_DECLARE_LOGGING_CATEGORY(lcProjSynch)
 
 namespace {
 

@@ -6,13 +6,13 @@
 #include "CLmMessageBox.h"
 #include "CLmNetWorkRequest.h"
 #include "CLmRegisterDialog.h"
+#include "CLmReplyEnvelope.h"
+#include "CLmSessionStore.h"
 #include "LmCloudForm.h"
 #include "LmCloudPaths.h"
-#include "LmConstants.h"
+#include "LmCloudRequest.h"
 
-#include <QJsonDocument>
 #include <QNetworkInterface>
-#include <QSettings>
 
 namespace {
 
@@ -62,7 +62,8 @@ void CLmCarrowmereLoginDialog::slotLogin()
     connect(&m_guardTimer, &QTimer::timeout, this, &CLmCarrowmereLoginDialog::slotNetWorkError);
     m_guardTimer.start(kLoginGuardMs);
 
-    auto* request = new CLmNetWorkRequest;
+    CLmNetWorkRequest* request =
+        LmCloudRequest::NewAnonymous(m_bAdmin ? LmCloudPath::AdminLogin : LmCloudPath::UserLogin);
     connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmCarrowmereLoginDialog::slotReciveLogIn);
     connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmCarrowmereLoginDialog::slotFailedAction);
     connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmCarrowmereLoginDialog::slotNetWorkError);
@@ -72,10 +73,8 @@ void CLmCarrowmereLoginDialog::slotLogin()
     const QString account = m_pUi->m_pEditAccount->text();
     const QString password = m_pUi->m_pEditPassword->text();
     if (m_bAdmin) {
-        request->SetUrl(GetServerIP() + LmCloudPath::AdminLogin);
         request->SetBody(LmCloudForm::Body({{"username", account}, {"password", password}}));
     } else {
-        request->SetUrl(GetServerIP() + LmCloudPath::UserLogin);
         request->SetBody(LmCloudForm::Body(
             {{"phone", account}, {"password", password}, {"device_id", MachineHardwareAddress()}}));
     }
@@ -84,7 +83,7 @@ void CLmCarrowmereLoginDialog::slotLogin()
 
 void CLmCarrowmereLoginDialog::slotReciveLogIn(const QByteArray& reply)
 {
-    const QJsonObject data = QJsonDocument::fromJson(reply).object().value(QStringLiteral("data")).toObject();
+    const QJsonObject data = CLmReplyEnvelope::Parse(reply).DataObject();
     if (data.isEmpty())
         return;
     if (m_bAdmin) {
@@ -101,17 +100,13 @@ void CLmCarrowmereLoginDialog::slotReciveLogIn(const QByteArray& reply)
 
 void CLmCarrowmereLoginDialog::StoreUserSession(const QJsonObject& data)
 {
-    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
-    settings.beginGroup(QLatin1String(UserInfoGroupName));
-    settings.setValue(QLatin1String(UserInfoToken), data.value(QStringLiteral("token")).toString());
-    settings.setValue(QLatin1String(UserInfoNickName), data.value(QLatin1String(UserInfoNickName)).toString());
-    settings.setValue(QLatin1String(UserInfoAccount), m_pUi->m_pEditAccount->text());
-    settings.setValue(QLatin1String(UserInfoUserID), data.value(QStringLiteral("id")).toVariant().toString());
-    settings.setValue(QStringLiteral("User_Type"), data.value(QStringLiteral("type")).toVariant().toString());
-    settings.setValue(QStringLiteral("PWD"), QString());
-    settings.setValue(QStringLiteral("permissions"),
-                      QString::fromLatin1(data.value(QStringLiteral("permission")).toString().toLatin1().toBase64()));
-    settings.endGroup();
+    SLmUserInfo user;
+    user.strToken = data.value(QStringLiteral("token")).toString();
+    user.strNickName = data.value(QStringLiteral("nick_name")).toString();
+    user.strAccount = m_pUi->m_pEditAccount->text();
+    user.strUserID = data.value(QStringLiteral("id")).toVariant().toString();
+    user.strUserType = data.value(QStringLiteral("type")).toVariant().toString();
+    CLmSessionStore().SaveSignIn(user, data.value(QStringLiteral("permission")).toString());
 }
 
 void CLmCarrowmereLoginDialog::slotFailedAction(const QString& message)

@@ -1,5 +1,6 @@
 #include "CLmCarrowmereMainWindow.h"
 
+#include "LmCarrowmereUILog.h"
 #include "ui_CLmCarrowmereWgt.h"
 
 #include "CLmCarrowmereMaintainPage.h"
@@ -17,6 +18,7 @@
 #include "CLmNetWorkGlobal.h"
 #include "CLmNetWorkRequest.h"
 #include "CLmProjMgrWgt.h"
+#include "CLmSessionStore.h"
 #include "CLmShareNotifier.h"
 #include "CLmSureUpgrade.h"
 #include "CLmTcpClientLink.h"
@@ -25,6 +27,7 @@
 #include "CLmUsbDeviceLink.h"
 #include "CLmUserMessagePage.h"
 #include "LmCloudPaths.h"
+#include "LmCloudRequest.h"
 #include "LmConstants.h"
 #include "LINK_TYPE.h"
 #include "LmUsbDiskText.h"
@@ -35,13 +38,9 @@
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QLoggingCategory>
 #include <QMouseEvent>
-#include <QSettings>
 #include <QUrl>
 #include <QWebEngineView>
-
-Q_LOGGING_CATEGORY(lcMainWnd, "sky.ui.mainwindow")
 
 namespace {
 
@@ -144,21 +143,19 @@ CLmCarrowmereMainWindow::~CLmCarrowmereMainWindow()
 
 void CLmCarrowmereMainWindow::CheckShortcut()
 {
-    QSettings settings(QStringLiteral("Tolva_clound"));
-    settings.beginGroup(QStringLiteral("Application"));
-    if (!settings.value(QStringLiteral("maintenance"), false).toBool()) {
+    CLmSessionStore settings;
+    if (!settings.IsMaintenanceDone()) {
         const QString shortcutTool = CLmControl::GetInstance()->GetApplicationDirectory()
                                      + QStringLiteral("/lnkshortcut.exe");
         // Only a tool that exists can do the maintenance; opening a missing
         // file would hand the desktop an error to show.
         if (QFileInfo::exists(shortcutTool) && QDesktopServices::openUrl(QUrl::fromLocalFile(shortcutTool))) {
-            settings.setValue(QStringLiteral("maintenance"), true);
+            settings.SetMaintenanceDone();
             CLmMessageBox box(tr("Program maintenance is complete, welcome to use."),
                               QLatin1String(kIconShareOk), tr("SkyConsole"), CLmMessageBox::BtnOk, this);
             box.exec();
         }
     }
-    settings.endGroup();
 }
 
 void CLmCarrowmereMainWindow::SetupConnectInfo()
@@ -464,7 +461,7 @@ void CLmCarrowmereMainWindow::slotMarkUpgrade(bool bNeed)
 
 bool CLmCarrowmereMainWindow::IsLogin()
 {
-    return !GetCurUserInfo().strToken.isEmpty();
+    return CLmSessionStore().IsSignedIn();
 }
 
 void CLmCarrowmereMainWindow::SetAccountButtonsEnabled(bool bEnabled)
@@ -493,10 +490,7 @@ void CLmCarrowmereMainWindow::slotAcceptLogin()
 
 void CLmCarrowmereMainWindow::slotUpdateUserInfo()
 {
-    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
-    const QString nickName =
-        settings.value(QLatin1String(UserInfoGroupName) + QLatin1Char('/') + QLatin1String(UserInfoNickName))
-            .toString();
+    const QString nickName = GetCurUserInfo().strNickName;
     if (!nickName.isEmpty()) {
         m_pUi->m_pLabelUserName->setText(nickName);
         return;
@@ -539,11 +533,9 @@ void CLmCarrowmereMainWindow::slotUserLogin()
 
 CLmNetWorkRequest* CLmCarrowmereMainWindow::NewProfileRequest()
 {
-    auto* request = new CLmNetWorkRequest;
+    CLmNetWorkRequest* request = LmCloudRequest::NewSignedIn(LmCloudPath::UserProfile);
     connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmCarrowmereMainWindow::slotAccountFailed);
     connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmCarrowmereMainWindow::slotAccountFailed);
-    request->SetRawHeader("token", GetCurUserInfo().strToken.toUtf8());
-    request->SetUrl(GetServerIP() + LmCloudPath::UserProfile);
     request->SetNetWorkReplyTimeout(kAccountCheckTimeoutMs);
     return request;
 }
@@ -586,7 +578,7 @@ void CLmCarrowmereMainWindow::slotAccountFailed()
     connect(&dialog, &CLmCarrowmereLoginDialog::LoginAccept, this, &CLmCarrowmereMainWindow::slotAcceptLogin);
     if (dialog.exec() == QDialog::Accepted)
         return;
-    ClearCurUserSession();
+    CLmSessionStore().Clear();
     slotUpdateUserInfo();
 }
 

@@ -1,22 +1,17 @@
 #include "CLmPhoneCodeDialog.h"
 
-#include "LmCloudForm.h"
-
 #include "CLmMessageBox.h"
 #include "CLmNetWorkRequest.h"
-#include "LmConstants.h"
+#include "CLmReplyEnvelope.h"
+#include "LmCarrowmereUILog.h"
+#include "LmCloudForm.h"
+#include "LmCloudRequest.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLoggingCategory>
 #include <QPushButton>
-#include <QUrl>
 
 #include <algorithm>
-
-Q_LOGGING_CATEGORY(lcPhoneCode, "sky.ui.phonecode")
 
 CLmPhoneCodeDialog::CLmPhoneCodeDialog(QWidget* parent)
     : CLmBaseDialog(parent)
@@ -94,7 +89,7 @@ void CLmPhoneCodeDialog::Post(const char* path, const QVector<SFormField>& field
     m_setup.pLabelStatus->clear();
     pendingButton->setEnabled(false);
 
-    auto* request = new CLmNetWorkRequest;
+    CLmNetWorkRequest* request = LmCloudRequest::NewAnonymous(path);
     connect(request, &CLmNetWorkRequest::ActionSucced, this,
             [this, pendingButton, onDone](const QByteArray& reply) { HandleReply(reply, pendingButton, onDone); });
     connect(request, &CLmNetWorkRequest::FailedMsg, this,
@@ -104,20 +99,19 @@ void CLmPhoneCodeDialog::Post(const char* path, const QVector<SFormField>& field
         pendingButton->setEnabled(true);
         m_setup.pLabelStatus->setText(tr("Network fault"));
     });
-    request->SetUrl(GetServerIP() + path);
     request->SetBody(LmCloudForm::Body(pairs));
     request->PostNetWorkReplyMessage();
 }
 
 void CLmPhoneCodeDialog::HandleReply(const QByteArray& reply, QPushButton* pendingButton, RequestDone onDone)
 {
-    const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
-    if (envelope.isEmpty()) {
+    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
+    if (!envelope.IsParsed()) {
         pendingButton->setEnabled(true);
         return;
     }
-    if (envelope.value(QStringLiteral("status")).toInt(-1) != 0) {
-        ReportFailure(envelope.value(QStringLiteral("message")).toString(), pendingButton);
+    if (!envelope.IsSuccess()) {
+        ReportFailure(envelope.Message(), pendingButton);
         return;
     }
     (this->*onDone)();

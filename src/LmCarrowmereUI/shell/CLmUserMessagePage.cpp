@@ -3,25 +3,13 @@
 #include "ui_CLmUserMessagePage.h"
 
 #include "CLmNetWorkRequest.h"
+#include "CLmReplyEnvelope.h"
+#include "CLmSessionStore.h"
 #include "LmCloudForm.h"
 #include "LmCloudPaths.h"
-#include "LmConstants.h"
+#include "LmCloudRequest.h"
 
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QSettings>
-
-namespace {
-
-QJsonValue EnvelopeData(const QByteArray& reply)
-{
-    const QJsonObject envelope = QJsonDocument::fromJson(reply).object();
-    if (envelope.value(QStringLiteral("status")).toInt(-1) != 0)
-        return {};
-    return envelope.value(QStringLiteral("data"));
-}
-
-}  // namespace
 
 CLmUserMessagePage::CLmUserMessagePage(QWidget* parent)
     : QWidget(parent)
@@ -44,11 +32,9 @@ CLmUserMessagePage::~CLmUserMessagePage() = default;
 
 CLmNetWorkRequest* CLmUserMessagePage::NewUserRequest(const char* path)
 {
-    auto* request = new CLmNetWorkRequest;
+    CLmNetWorkRequest* request = LmCloudRequest::NewSignedIn(path);
     connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmUserMessagePage::slotRequestFailed);
     connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmUserMessagePage::slotNetWorkError);
-    request->SetRawHeader("token", GetCurUserInfo().strToken.toUtf8());
-    request->SetUrl(GetServerIP() + path);
     return request;
 }
 
@@ -57,7 +43,7 @@ void CLmUserMessagePage::ShowMessageView()
     m_pUi->m_pUserStackedWidget->setCurrentWidget(m_pUi->m_pMessageView);
     m_pUi->m_pBtnShowMessages->setChecked(true);
     m_pUi->m_pBtnShowProfile->setChecked(false);
-    if (GetCurUserInfo().strToken.isEmpty())
+    if (!CLmSessionStore().IsSignedIn())
         return;
     CLmNetWorkRequest* request = NewUserRequest(LmCloudPath::PushMessageList);
     connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmUserMessagePage::slotMessageListRet);
@@ -66,14 +52,16 @@ void CLmUserMessagePage::ShowMessageView()
 
 void CLmUserMessagePage::slotMessageListRet(const QByteArray& reply)
 {
-    const QJsonValue data = EnvelopeData(reply);
-    if (data.isArray())
-        SetMessages(data.toArray());
+    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
+    if (envelope.IsSuccess() && envelope.Data().isArray())
+        SetMessages(envelope.DataArray());
 }
 
 void CLmUserMessagePage::ShowProfileView(const QByteArray& reply)
 {
-    FillProfile(EnvelopeData(reply).toObject());
+    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
+    if (envelope.IsSuccess())
+        FillProfile(envelope.DataObject());
     m_pUi->m_pLabelProfileState->clear();
     m_pUi->m_pUserStackedWidget->setCurrentWidget(m_pUi->m_pProfileView);
     m_pUi->m_pBtnShowMessages->setChecked(false);
@@ -118,13 +106,12 @@ void CLmUserMessagePage::slotSaveProfile()
 
 void CLmUserMessagePage::slotProfileSaved(const QByteArray& reply)
 {
-    const QJsonObject profile = EnvelopeData(reply).toObject();
-    if (profile.isEmpty())
+    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
+    const QJsonObject profile = envelope.DataObject();
+    if (!envelope.IsSuccess() || profile.isEmpty())
         return;
     FillProfile(profile);
-    QSettings settings{QLatin1String(OrganizationName), QLatin1String(CloundApplicationName)};
-    settings.setValue(QLatin1String(UserInfoGroupName) + QLatin1Char('/') + QLatin1String(UserInfoNickName),
-                      profile.value(QStringLiteral("nick_name")).toString());
+    CLmSessionStore().SetNickName(profile.value(QStringLiteral("nick_name")).toString());
     m_pUi->m_pLabelProfileState->setText(tr("Saved."));
     Q_EMIT saveUserInfoSucced();
 }
@@ -133,9 +120,10 @@ void CLmUserMessagePage::slotLogout()
 {
     // The cloud is told when it can be reached; signing out here never waits
     // for it, so a user can sign out offline or with an expired session.
-    if (!GetCurUserInfo().strToken.isEmpty())
+    CLmSessionStore session;
+    if (session.IsSignedIn())
         NewUserRequest(LmCloudPath::UserLogout)->PostNetWorkReplyMessage();
-    ClearCurUserSession();
+    session.Clear();
     Q_EMIT LogoutSucced();
 }
 

@@ -3,6 +3,7 @@
 #include "CLmControl.h"
 #include "CLmDeployConfig.h"
 #include "CSkyCloudProcess.h"
+#include "CLmSessionStore.h"
 #include "LmConstants.h"
 #include "ModalAnswer.h"
 

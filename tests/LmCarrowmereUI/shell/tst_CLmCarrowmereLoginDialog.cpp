@@ -2,6 +2,7 @@
 #include "CLmCarrowmereLoginDialog.h"
 #include "CLmDeployConfig.h"
 #include "CSkyCloudProcess.h"
+#include "CLmSessionStore.h"
 #include "LmConstants.h"
 #include "ModalAnswer.h"
 

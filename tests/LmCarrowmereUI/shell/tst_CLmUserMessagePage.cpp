@@ -1,6 +1,7 @@
 #include "CLmDeployConfig.h"
 #include "CLmUserMessagePage.h"
 #include "CSkyCloudProcess.h"
+#include "CLmSessionStore.h"
 #include "LmConstants.h"
 
 #include <QLabel>

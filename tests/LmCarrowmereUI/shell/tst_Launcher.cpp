@@ -1,6 +1,7 @@
 #include "CLmCarrowmereMainWindow.h"
 #include "CLmControl.h"
 #include "CLmDeployConfig.h"
+#include "CLmSessionStore.h"
 #include "LmConstants.h"
 #include "ModalAnswer.h"
 

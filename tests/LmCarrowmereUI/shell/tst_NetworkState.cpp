@@ -6,6 +6,7 @@
 #include "CLmTcpClientLink.h"
 #include "CLmTipPushButton.h"
 #include "CSkyCloudProcess.h"
+#include "CLmSessionStore.h"
 #include "LmConstants.h"
 #include "ModalAnswer.h"
 

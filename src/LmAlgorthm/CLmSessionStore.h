@@ -1,0 +1,60 @@
+#pragma once
+
+#include "SLmUserInfo.h"
+
+#include <QSettings>
+#include <QString>
+
+// Where the user-scope settings live: organisation and application.
+inline constexpr char OrganizationName[] = "Tolva";
+inline constexpr char CloundApplicationName[] = "Tolva_clound";
+
+// The signed-in session's group and keys.
+inline constexpr char UserInfoGroupName[] = "UserInfo";
+inline constexpr char UserInfoToken[] = "token";
+inline constexpr char UserInfoNickName[] = "nick_name";
+inline constexpr char UserInfoAccount[] = "account";
+inline constexpr char UserInfoUserID[] = "user_id";
+inline constexpr char UserInfoUserType[] = "User_Type";
+inline constexpr char UserInfoPassword[] = "PWD";
+inline constexpr char UserInfoPermissions[] = "permissions";
+inline constexpr char UserInfoAutoLogin[] = "AutoLogin";
+
+// The application's own group and its one-time maintenance flag, in the
+// settings of the organisation CloundApplicationName.
+inline constexpr char ApplicationGroupName[] = "Application";
+inline constexpr char ApplicationMaintenance[] = "maintenance";
+
+// The one owner of the user-scope settings file: the account session and the
+// application flags kept beside it. Pages and platform libraries read and
+// write them only through this class, never through QSettings of their own.
+class CLmSessionStore
+{
+public:
+    CLmSessionStore();
+
+    SLmUserInfo CurrentUser() const;
+    QString Token() const;
+    bool IsSignedIn() const;
+
+    // Stores a successful sign-in. The password is never kept; permissions
+    // are kept as Base64 of their Latin-1 text.
+    void SaveSignIn(const SLmUserInfo& user, const QString& permissions);
+    void SetNickName(const QString& nickName);
+    // Forgets the signed-in session: token, nick name, user id and password
+    // empty, automatic sign-in off. The account, user type and permissions
+    // are kept so the next sign-in can start from them.
+    void Clear();
+
+    bool IsMaintenanceDone() const;
+    void SetMaintenanceDone();
+
+private:
+    QString SessionValue(const char* key) const;
+    void SetSessionValue(const char* key, const QVariant& value);
+
+    mutable QSettings m_settings;
+};
+
+// The current session; an empty token means nobody is signed in.
+SLmUserInfo GetCurUserInfo();

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QLoggingCategory>
+
+// The hub's logging categories, "sky.carrowmereui.<area>".
+Q_DECLARE_LOGGING_CATEGORY(lcMainWnd)
+Q_DECLARE_LOGGING_CATEGORY(lcPhoneCode)
+Q_DECLARE_LOGGING_CATEGORY(lcProjSynch)
+Q_DECLARE_LOGGING_CATEGORY(lcNoFly)
