@@ -64,17 +64,17 @@ private:
         message.id = 1;
         message.ofs = offset;
         message.count = count;
-        m_socket.writeDatagram(m_encoder.encode(message), QHostAddress(QHostAddress::LocalHost), m_aircraftPort);
+        m_socket.writeDatagram(m_encoder.Encode(message), QHostAddress(QHostAddress::LocalHost), m_aircraftPort);
     }
 
     void readDatagrams()
     {
         while (m_socket.hasPendingDatagrams()) {
-            m_parser.feed(m_socket.receiveDatagram().data());
+            m_parser.Feed(m_socket.receiveDatagram().data());
             mavlink_message_t frame;
-            while (m_parser.next(frame)) {
+            while (m_parser.Next(frame)) {
                 if (frame.msgid == MSG_ID_LOG_DATA)
-                    take(SLogData::unpack(frame));
+                    take(SLogData::Unpack(frame));
             }
         }
     }

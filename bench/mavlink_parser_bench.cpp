@@ -32,21 +32,21 @@ QByteArray telemetryStream()
         SHeartbeat heartbeat;
         heartbeat.type = MAV_TYPE_FIXED_WING;
         heartbeat.custom_mode = round;
-        stream += aircraft.encode(heartbeat);
+        stream += aircraft.Encode(heartbeat);
         SSysStatus status;
         status.voltage_battery = static_cast<uint16_t>(22000 + random() % 2000);
         status.battery_remaining = static_cast<int8_t>(random() % 100);
-        stream += aircraft.encode(status);
+        stream += aircraft.Encode(status);
         SBatteryStatus battery;
         battery.id = static_cast<uint8_t>(round % 3);
         std::fill(std::begin(battery.voltages), std::end(battery.voltages), static_cast<uint16_t>(3900 + round % 300));
-        stream += aircraft.encode(battery);
+        stream += aircraft.Encode(battery);
         if (round % 4 == 0) {
             SParamValue param;
             std::snprintf(param.param_id, sizeof param.param_id, "PARAM_%u", round % 500);
             param.param_value = static_cast<float>(round);
             param.param_type = MAV_PARAM_TYPE_REAL32;
-            stream += aircraft.encode(param);
+            stream += aircraft.Encode(param);
         }
         for (int packet = 0; packet < 8; ++packet) {
             SLogData data;
@@ -54,7 +54,7 @@ QByteArray telemetryStream()
             data.ofs = (round * 8 + static_cast<uint32_t>(packet)) * 90;
             data.count = 90;
             std::generate(std::begin(data.data), std::end(data.data), [&random] { return uint8_t(random()); });
-            stream += aircraft.encode(data);
+            stream += aircraft.Encode(data);
         }
     }
     return stream;
@@ -81,11 +81,11 @@ uint64_t parseAll(const QByteArray& stream)
     uint64_t checksums = 0;
     const auto* bytes = reinterpret_cast<const uint8_t*>(stream.constData());
     for (int offset = 0; offset < stream.size(); offset += READ_SIZE) {
-        parser.feed(bytes + offset, static_cast<std::size_t>(std::min(READ_SIZE, stream.size() - offset)));
-        while (parser.next(message))
+        parser.Feed(bytes + offset, static_cast<std::size_t>(std::min(READ_SIZE, stream.size() - offset)));
+        while (parser.Next(message))
             checksums += message.checksum;
     }
-    if (parser.stats().crcErrors || parser.stats().droppedBytes) {
+    if (parser.Stats().crcErrors || parser.Stats().droppedBytes) {
         std::fprintf(stderr, "mavlink_parser_bench: the generated stream did not parse cleanly\n");
         std::exit(1);
     }
@@ -97,7 +97,7 @@ uint64_t checksumAll(const QByteArray& stream)
     const auto* bytes = reinterpret_cast<const uint8_t*>(stream.constData());
     uint64_t checksums = 0;
     for (int offset = 0; offset < stream.size(); offset += READ_SIZE)
-        checksums += CLmMavlinkCrc::compute(bytes + offset,
+        checksums += CLmMavlinkCrc::Compute(bytes + offset,
                                             static_cast<std::size_t>(std::min(READ_SIZE, stream.size() - offset)));
     return checksums;
 }

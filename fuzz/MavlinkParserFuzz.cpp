@@ -18,7 +18,7 @@ namespace {
 std::string frameBytes(const mavlink_message_t& message)
 {
     uint8_t frame[mavlink_message_t::MAX_FRAME_LENGTH];
-    return std::string(reinterpret_cast<const char*>(frame), CLmMavlinkEncoder::serialize(message, frame));
+    return std::string(reinterpret_cast<const char*>(frame), CLmMavlinkEncoder::Serialize(message, frame));
 }
 
 void require(bool condition)
@@ -29,15 +29,15 @@ void require(bool condition)
 
 void checkFrame(const mavlink_message_t& message)
 {
-    require(LmMavlink::findMessageInfo(message.msgid) != nullptr);
+    require(LmMavlink::FindMessageInfo(message.msgid) != nullptr);
     const std::string bytes = frameBytes(message);
-    require(bytes.size() == message.frameLength());
+    require(bytes.size() == message.FrameLength());
     CLmMavlinkParser again;
-    again.feed(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
+    again.Feed(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
     mavlink_message_t reparsed;
-    require(again.next(reparsed));
+    require(again.Next(reparsed));
     require(frameBytes(reparsed) == bytes);
-    require(!again.next(reparsed));
+    require(!again.Next(reparsed));
 }
 
 std::vector<std::string> parseInChunks(const uint8_t* data, std::size_t size, std::size_t chunk)
@@ -46,12 +46,12 @@ std::vector<std::string> parseInChunks(const uint8_t* data, std::size_t size, st
     mavlink_message_t message;
     std::vector<std::string> frames;
     for (std::size_t offset = 0; offset < size; offset += chunk) {
-        parser.feed(data + offset, std::min(chunk, size - offset));
-        while (parser.next(message))
+        parser.Feed(data + offset, std::min(chunk, size - offset));
+        while (parser.Next(message))
             frames.push_back(frameBytes(message));
     }
-    parser.finish();
-    while (parser.next(message)) {
+    parser.Finish();
+    while (parser.Next(message)) {
         checkFrame(message);
         frames.push_back(frameBytes(message));
     }
@@ -69,11 +69,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
     --size;
 
     CLmMavlinkParser parser;
-    parser.feed(data, size);
-    parser.finish();
+    parser.Feed(data, size);
+    parser.Finish();
     mavlink_message_t message;
     std::vector<std::string> whole;
-    while (parser.next(message)) {
+    while (parser.Next(message)) {
         checkFrame(message);
         whole.push_back(frameBytes(message));
     }

@@ -41,7 +41,7 @@ void SimLogStreamer::start(uint16_t id, uint32_t offset, uint32_t count)
         LmMavlink::SLogData empty;
         empty.id = id;
         empty.ofs = offset;
-        m_transport.send(m_encoder.encode(empty));
+        m_transport.send(m_encoder.Encode(empty));
         stop();
         return;
     }
@@ -71,7 +71,7 @@ void SimLogStreamer::sendNextPacket()
     packet.count = static_cast<uint8_t>(std::min(PACKET_DATA_SIZE, m_end - m_offset));
     SimLogStore::fill(m_id, m_offset, packet.count, packet.data);
     m_offset += packet.count;
-    m_transport.send(m_encoder.encode(packet));
+    m_transport.send(m_encoder.Encode(packet));
 }
 
 qint64 SimLogStreamer::queueTarget() const

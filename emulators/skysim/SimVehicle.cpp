@@ -43,9 +43,9 @@ void SimVehicle::start()
 
 void SimVehicle::receiveBytes(const QByteArray& bytes)
 {
-    m_parser.feed(bytes);
+    m_parser.Feed(bytes);
     mavlink_message_t message;
-    while (m_parser.next(message))
+    while (m_parser.Next(message))
         dispatch(message);
 }
 
@@ -134,7 +134,7 @@ void SimVehicle::setStatusInterval(double intervalUs)
 
 void SimVehicle::handleCommandLong(const mavlink_message_t& message)
 {
-    const SCommandLong command = SCommandLong::unpack(message);
+    const SCommandLong command = SCommandLong::Unpack(message);
     if (!isForMe(command.target_system) || !m_commandGate.accept(command.command, command.confirmation))
         return;
     const float params[7] = {command.param1, command.param2, command.param3, command.param4,
@@ -247,7 +247,7 @@ void SimVehicle::sendParachuteNotice()
 
 void SimVehicle::handleParamRequestList(const mavlink_message_t& message)
 {
-    if (!isForMe(SParamRequestList::unpack(message).target_system))
+    if (!isForMe(SParamRequestList::Unpack(message).target_system))
         return;
     for (int index = 0; index < m_parameters.count(); ++index)
         sendParameter(index);
@@ -255,7 +255,7 @@ void SimVehicle::handleParamRequestList(const mavlink_message_t& message)
 
 void SimVehicle::handleParamRequestRead(const mavlink_message_t& message)
 {
-    const SParamRequestRead request = SParamRequestRead::unpack(message);
+    const SParamRequestRead request = SParamRequestRead::Unpack(message);
     if (!isForMe(request.target_system))
         return;
     const int index = request.param_index >= 0 ? request.param_index : m_parameters.indexOf(fieldText(request.param_id));
@@ -265,7 +265,7 @@ void SimVehicle::handleParamRequestRead(const mavlink_message_t& message)
 
 void SimVehicle::handleParamSet(const mavlink_message_t& message)
 {
-    const SParamSet request = SParamSet::unpack(message);
+    const SParamSet request = SParamSet::Unpack(message);
     if (!isForMe(request.target_system))
         return;
     const QString name = fieldText(request.param_id);
@@ -292,7 +292,7 @@ void SimVehicle::sendParameter(int index)
 
 void SimVehicle::handleLogRequestList(const mavlink_message_t& message)
 {
-    const SLogRequestList request = SLogRequestList::unpack(message);
+    const SLogRequestList request = SLogRequestList::Unpack(message);
     if (!isForMe(request.target_system))
         return;
     const QVector<SimLogStore::SEntry>& entries = m_logs.entries();
@@ -315,20 +315,20 @@ void SimVehicle::handleLogRequestList(const mavlink_message_t& message)
 
 void SimVehicle::handleLogRequestData(const mavlink_message_t& message)
 {
-    const SLogRequestData request = SLogRequestData::unpack(message);
+    const SLogRequestData request = SLogRequestData::Unpack(message);
     if (isForMe(request.target_system))
         m_logStreamer.start(request.id, request.ofs, request.count);
 }
 
 void SimVehicle::handleLogRequestEnd(const mavlink_message_t& message)
 {
-    if (isForMe(SLogRequestEnd::unpack(message).target_system))
+    if (isForMe(SLogRequestEnd::Unpack(message).target_system))
         m_logStreamer.stop();
 }
 
 void SimVehicle::handleLogErase(const mavlink_message_t& message)
 {
-    if (!isForMe(SLogErase::unpack(message).target_system))
+    if (!isForMe(SLogErase::Unpack(message).target_system))
         return;
     m_logStreamer.stop();
     m_logs.eraseAll();
@@ -338,13 +338,13 @@ void SimVehicle::handleLogErase(const mavlink_message_t& message)
 
 void SimVehicle::handleParachuteCountRequest(const mavlink_message_t& message)
 {
-    if (isForMe(SSkyParachuteCountRequest::unpack(message).target_system))
+    if (isForMe(SSkyParachuteCountRequest::Unpack(message).target_system))
         sendParachuteNotice();
 }
 
 void SimVehicle::handleRopeReset(const mavlink_message_t& message)
 {
-    if (!isForMe(SSkyParachuteRopeReset::unpack(message).target_system))
+    if (!isForMe(SSkyParachuteRopeReset::Unpack(message).target_system))
         return;
     m_parachuteCountAtRopeReset = m_parachuteOpenCount;
     SSkyParachuteRopeResetAck ack;

@@ -38,7 +38,7 @@ private:
     template <typename TMessage>
     void send(const TMessage& message)
     {
-        m_transport.send(m_encoder.encode(message));
+        m_transport.send(m_encoder.Encode(message));
     }
 
     void receiveBytes(const QByteArray& bytes);

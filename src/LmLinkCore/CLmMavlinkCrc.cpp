@@ -9,7 +9,7 @@ using Table = std::array<std::array<uint16_t, 256>, 4>;
 // Table 0 advances the CRC by one byte; tables 1..3 by one byte followed by
 // one, two and three zero bytes, so four input bytes cost four independent
 // look-ups instead of a chain of four.
-constexpr Table makeTables()
+constexpr Table MakeTables()
 {
     Table tables{};
     for (unsigned byte = 0; byte < 256; ++byte) {
@@ -26,16 +26,16 @@ constexpr Table makeTables()
     return tables;
 }
 
-constexpr Table TABLES = makeTables();
+constexpr Table TABLES = MakeTables();
 
 } // namespace
 
-uint16_t CLmMavlinkCrc::accumulate(uint16_t crc, uint8_t byte)
+uint16_t CLmMavlinkCrc::Accumulate(uint16_t crc, uint8_t byte)
 {
     return static_cast<uint16_t>((crc >> 8) ^ TABLES[0][(crc ^ byte) & 0xFF]);
 }
 
-uint16_t CLmMavlinkCrc::accumulate(uint16_t crc, const uint8_t* data, std::size_t size)
+uint16_t CLmMavlinkCrc::Accumulate(uint16_t crc, const uint8_t* data, std::size_t size)
 {
     std::size_t index = 0;
     for (; index + 4 <= size; index += 4) {
@@ -44,6 +44,6 @@ uint16_t CLmMavlinkCrc::accumulate(uint16_t crc, const uint8_t* data, std::size_
                                     ^ TABLES[1][data[index + 2]] ^ TABLES[0][data[index + 3]]);
     }
     for (; index < size; ++index)
-        crc = accumulate(crc, data[index]);
+        crc = Accumulate(crc, data[index]);
     return crc;
 }

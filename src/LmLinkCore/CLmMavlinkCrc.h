@@ -10,7 +10,7 @@ class CLmMavlinkCrc
 public:
     static constexpr uint16_t INITIAL = 0xFFFF;
 
-    static uint16_t accumulate(uint16_t crc, uint8_t byte);
-    static uint16_t accumulate(uint16_t crc, const uint8_t* data, std::size_t size);
-    static uint16_t compute(const uint8_t* data, std::size_t size) { return accumulate(INITIAL, data, size); }
+    static uint16_t Accumulate(uint16_t crc, uint8_t byte);
+    static uint16_t Accumulate(uint16_t crc, const uint8_t* data, std::size_t size);
+    static uint16_t Compute(const uint8_t* data, std::size_t size) { return Accumulate(INITIAL, data, size); }
 };

@@ -1,18 +1,17 @@
 #include "CLmMavlinkEncoder.h"
 
 #include "CLmMavlinkCrc.h"
-#include "LmMavlinkMessageInfo.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace {
 
-std::size_t writeHeader(const mavlink_message_t& message, uint8_t* frame)
+std::size_t WriteHeader(const mavlink_message_t& message, uint8_t* frame)
 {
     frame[0] = message.magic;
     frame[1] = message.len;
-    if (message.isVersion1()) {
+    if (message.IsVersion1()) {
         frame[2] = message.seq;
         frame[3] = message.sysid;
         frame[4] = message.compid;
@@ -30,7 +29,7 @@ std::size_t writeHeader(const mavlink_message_t& message, uint8_t* frame)
     return mavlink_message_t::HEADER_LENGTH_V2;
 }
 
-std::size_t lengthWithoutTrailingZeros(const uint8_t* payload, std::size_t length)
+std::size_t LengthWithoutTrailingZeros(const uint8_t* payload, std::size_t length)
 {
     while (length > 1 && payload[length - 1] == 0)
         --length;
@@ -46,61 +45,49 @@ CLmMavlinkEncoder::CLmMavlinkEncoder(uint8_t systemId, uint8_t componentId, EVer
 {
 }
 
-bool CLmMavlinkEncoder::packPayload(uint32_t msgid, const uint8_t* payload, std::size_t length,
-                                    mavlink_message_t& message)
-{
-    const LmMavlink::SMessageInfo* info = LmMavlink::findMessageInfo(msgid);
-    if (!info || length > info->maxLength)
-        return false;
-    uint8_t full[mavlink_message_t::MAX_PAYLOAD_LENGTH] = {};
-    std::memcpy(full, payload, length);
-    message = buildMessage(msgid, info->crcExtra, info->minLength, full, info->maxLength);
-    return true;
-}
-
-mavlink_message_t CLmMavlinkEncoder::buildMessage(uint32_t msgid, uint8_t crcExtra, uint8_t minLength,
+mavlink_message_t CLmMavlinkEncoder::BuildMessage(uint32_t msgid, uint8_t crcExtra, uint8_t minLength,
                                                   const uint8_t* payload, std::size_t length)
 {
     mavlink_message_t message;
     const bool version1 = m_eVersion == EVersion::V1 && msgid <= 0xFF;
     message.magic = version1 ? mavlink_message_t::MAGIC_V1 : mavlink_message_t::MAGIC_V2;
     message.len = static_cast<uint8_t>(version1 ? std::min<std::size_t>(minLength, length)
-                                                : lengthWithoutTrailingZeros(payload, length));
+                                                : LengthWithoutTrailingZeros(payload, length));
     message.seq = m_nSequence++;
     message.sysid = m_nSystemId;
     message.compid = m_nComponentId;
     message.msgid = msgid;
     std::memcpy(message.payload, payload, message.len);
-    message.checksum = frameChecksum(message, crcExtra);
+    message.checksum = FrameChecksum(message, crcExtra);
     return message;
 }
 
-uint16_t CLmMavlinkEncoder::frameChecksum(const mavlink_message_t& message, uint8_t crcExtra)
+uint16_t CLmMavlinkEncoder::FrameChecksum(const mavlink_message_t& message, uint8_t crcExtra)
 {
     uint8_t header[mavlink_message_t::HEADER_LENGTH_V2];
-    const std::size_t headerLength = writeHeader(message, header);
-    uint16_t crc = CLmMavlinkCrc::compute(header + 1, headerLength - 1);
-    crc = CLmMavlinkCrc::accumulate(crc, message.payload, message.len);
-    return CLmMavlinkCrc::accumulate(crc, crcExtra);
+    const std::size_t headerLength = WriteHeader(message, header);
+    uint16_t crc = CLmMavlinkCrc::Compute(header + 1, headerLength - 1);
+    crc = CLmMavlinkCrc::Accumulate(crc, message.payload, message.len);
+    return CLmMavlinkCrc::Accumulate(crc, crcExtra);
 }
 
-std::size_t CLmMavlinkEncoder::serialize(const mavlink_message_t& message, uint8_t* frame)
+std::size_t CLmMavlinkEncoder::Serialize(const mavlink_message_t& message, uint8_t* frame)
 {
-    std::size_t size = writeHeader(message, frame);
+    std::size_t size = WriteHeader(message, frame);
     std::memcpy(frame + size, message.payload, message.len);
     size += message.len;
     frame[size++] = static_cast<uint8_t>(message.checksum);
     frame[size++] = static_cast<uint8_t>(message.checksum >> 8);
-    if (message.isSigned()) {
+    if (message.IsSigned()) {
         std::memcpy(frame + size, message.signature, mavlink_message_t::SIGNATURE_LENGTH);
         size += mavlink_message_t::SIGNATURE_LENGTH;
     }
     return size;
 }
 
-QByteArray CLmMavlinkEncoder::serialize(const mavlink_message_t& message)
+QByteArray CLmMavlinkEncoder::Serialize(const mavlink_message_t& message)
 {
     uint8_t frame[mavlink_message_t::MAX_FRAME_LENGTH];
-    const std::size_t size = serialize(message, frame);
+    const std::size_t size = Serialize(message, frame);
     return QByteArray(reinterpret_cast<const char*>(frame), static_cast<int>(size));
 }

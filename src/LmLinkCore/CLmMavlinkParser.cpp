@@ -7,14 +7,14 @@
 
 namespace {
 
-bool isFrameStart(uint8_t byte)
+bool IsFrameStart(uint8_t byte)
 {
     return byte == mavlink_message_t::MAGIC_V2 || byte == mavlink_message_t::MAGIC_V1;
 }
 
 } // namespace
 
-void CLmMavlinkParser::feed(const uint8_t* data, std::size_t size)
+void CLmMavlinkParser::Feed(const uint8_t* data, std::size_t size)
 {
     m_buffer.erase(m_buffer.begin(), m_buffer.begin() + static_cast<std::ptrdiff_t>(m_nReadPos));
     m_nReadPos = 0;
@@ -22,22 +22,22 @@ void CLmMavlinkParser::feed(const uint8_t* data, std::size_t size)
     m_bInputFinished = false;
 }
 
-void CLmMavlinkParser::feed(const QByteArray& bytes)
+void CLmMavlinkParser::Feed(const QByteArray& bytes)
 {
-    feed(reinterpret_cast<const uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size()));
+    Feed(reinterpret_cast<const uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size()));
 }
 
-QVector<mavlink_message_t> CLmMavlinkParser::parse(const QByteArray& bytes)
+QVector<mavlink_message_t> CLmMavlinkParser::Parse(const QByteArray& bytes)
 {
-    feed(bytes);
+    Feed(bytes);
     QVector<mavlink_message_t> messages;
     mavlink_message_t message;
-    while (next(message))
+    while (Next(message))
         messages.append(message);
     return messages;
 }
 
-void CLmMavlinkParser::reset()
+void CLmMavlinkParser::Reset()
 {
     m_buffer.clear();
     m_nReadPos = 0;
@@ -45,16 +45,16 @@ void CLmMavlinkParser::reset()
     m_stats = SStats();
 }
 
-bool CLmMavlinkParser::next(mavlink_message_t& message)
+bool CLmMavlinkParser::Next(mavlink_message_t& message)
 {
     for (;;) {
-        skipToFrameStart();
-        const std::size_t available = bufferedBytes();
+        SkipToFrameStart();
+        const std::size_t available = BufferedBytes();
         if (available == 0)
             return false;
         const uint8_t* frame = m_buffer.data() + m_nReadPos;
         SHeader header;
-        switch (examine(frame, available, header, message)) {
+        switch (Examine(frame, available, header, message)) {
         case ECandidate::Frame:
             m_nReadPos += header.frameLength;
             ++m_stats.messages;
@@ -62,47 +62,47 @@ bool CLmMavlinkParser::next(mavlink_message_t& message)
         case ECandidate::Incomplete:
             if (!m_bInputFinished)
                 return false;
-            dropByte();
+            DropByte();
             break;
         case ECandidate::BadChecksum:
             ++m_stats.crcErrors;
-            dropByte();
+            DropByte();
             break;
         case ECandidate::Unsupported:
             ++m_stats.unsupportedFrames;
-            dropByte();
+            DropByte();
             break;
         case ECandidate::UnknownId:
             if (available <= header.frameLength && !m_bInputFinished)
                 return false; // the byte after the frame decides
-            if (available == header.frameLength || isFrameStart(frame[header.frameLength])) {
+            if (available == header.frameLength || IsFrameStart(frame[header.frameLength])) {
                 ++m_stats.unknownMessages;
                 m_nReadPos += header.frameLength;
             } else {
-                dropByte();
+                DropByte();
             }
             break;
         }
     }
 }
 
-void CLmMavlinkParser::skipToFrameStart()
+void CLmMavlinkParser::SkipToFrameStart()
 {
     const std::size_t size = m_buffer.size();
     std::size_t position = m_nReadPos;
-    while (position < size && !isFrameStart(m_buffer[position]))
+    while (position < size && !IsFrameStart(m_buffer[position]))
         ++position;
     m_stats.droppedBytes += position - m_nReadPos;
     m_nReadPos = position;
 }
 
-void CLmMavlinkParser::dropByte()
+void CLmMavlinkParser::DropByte()
 {
     ++m_nReadPos;
     ++m_stats.droppedBytes;
 }
 
-CLmMavlinkParser::ECandidate CLmMavlinkParser::readHeader(const uint8_t* frame, std::size_t available,
+CLmMavlinkParser::ECandidate CLmMavlinkParser::ReadHeader(const uint8_t* frame, std::size_t available,
                                                           SHeader& header)
 {
     const bool version1 = frame[0] == mavlink_message_t::MAGIC_V1;
@@ -123,31 +123,31 @@ CLmMavlinkParser::ECandidate CLmMavlinkParser::readHeader(const uint8_t* frame, 
     return available < header.frameLength ? ECandidate::Incomplete : ECandidate::Frame;
 }
 
-CLmMavlinkParser::ECandidate CLmMavlinkParser::examine(const uint8_t* frame, std::size_t available,
+CLmMavlinkParser::ECandidate CLmMavlinkParser::Examine(const uint8_t* frame, std::size_t available,
                                                        SHeader& header, mavlink_message_t& message)
 {
-    const ECandidate framing = readHeader(frame, available, header);
+    const ECandidate framing = ReadHeader(frame, available, header);
     if (framing != ECandidate::Frame)
         return framing;
-    const LmMavlink::SMessageInfo* info = LmMavlink::findMessageInfo(header.msgid);
+    const LmMavlink::SMessageInfo* info = LmMavlink::FindMessageInfo(header.msgid);
     if (!info)
         return ECandidate::UnknownId;
     const std::size_t checkedLength = header.headerLength + frame[1];
-    uint16_t crc = CLmMavlinkCrc::compute(frame + 1, checkedLength - 1);
-    crc = CLmMavlinkCrc::accumulate(crc, info->crcExtra);
+    uint16_t crc = CLmMavlinkCrc::Compute(frame + 1, checkedLength - 1);
+    crc = CLmMavlinkCrc::Accumulate(crc, info->crcExtra);
     const uint16_t received = static_cast<uint16_t>(frame[checkedLength] | (frame[checkedLength + 1] << 8));
     if (crc != received)
         return ECandidate::BadChecksum;
-    fillMessage(frame, header, *info, message);
+    FillMessage(frame, header, *info, message);
     return ECandidate::Frame;
 }
 
-void CLmMavlinkParser::fillMessage(const uint8_t* frame, const SHeader& header,
+void CLmMavlinkParser::FillMessage(const uint8_t* frame, const SHeader& header,
                                    const LmMavlink::SMessageInfo& info, mavlink_message_t& message)
 {
     message.magic = frame[0];
     message.len = frame[1];
-    if (message.isVersion1()) {
+    if (message.IsVersion1()) {
         message.incompat_flags = 0;
         message.compat_flags = 0;
         message.seq = frame[2];
@@ -166,7 +166,7 @@ void CLmMavlinkParser::fillMessage(const uint8_t* frame, const SHeader& header,
     if (message.len < info.maxLength)
         std::memset(message.payload + message.len, 0, info.maxLength - message.len);
     message.checksum = static_cast<uint16_t>(payload[message.len] | (payload[message.len + 1] << 8));
-    if (message.isSigned())
+    if (message.IsSigned())
         std::memcpy(message.signature, payload + message.len + mavlink_message_t::CHECKSUM_LENGTH,
                     mavlink_message_t::SIGNATURE_LENGTH);
     else

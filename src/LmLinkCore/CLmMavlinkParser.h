@@ -14,7 +14,7 @@ struct SMessageInfo;
 }
 
 // Streaming MAVLink 1 and 2 parser. Bytes may arrive in chunks of any size;
-// frames are taken out with next(). After garbage, a cut-off frame or a
+// frames are taken out with Next(). After garbage, a cut-off frame or a
 // checksum error the parser searches again from the byte after the failed
 // frame start, so a good frame hidden behind a bad one is still found.
 // Frames of ids the dialect does not define cannot be checked and are
@@ -32,21 +32,21 @@ public:
         uint64_t unsupportedFrames = 0; // version 2 headers with incompatibility flags we cannot handle
     };
 
-    void feed(const uint8_t* data, std::size_t size);
-    void feed(const QByteArray& bytes);
+    void Feed(const uint8_t* data, std::size_t size);
+    void Feed(const QByteArray& bytes);
     // Takes out the next good frame; false when the buffered bytes hold none yet.
-    bool next(mavlink_message_t& message);
-    // feed() followed by next() until no frame is left.
-    QVector<mavlink_message_t> parse(const QByteArray& bytes);
+    bool Next(mavlink_message_t& message);
+    // Feed() followed by Next() until no frame is left.
+    QVector<mavlink_message_t> Parse(const QByteArray& bytes);
 
     // Declares the input finished: a frame still waiting for its remaining
     // bytes is given up, so the frames inside its claimed length come out.
     // Feeding again resumes normal streaming.
-    void finish() { m_bInputFinished = true; }
+    void Finish() { m_bInputFinished = true; }
 
-    std::size_t bufferedBytes() const { return m_buffer.size() - m_nReadPos; }
-    const SStats& stats() const { return m_stats; }
-    void reset();
+    std::size_t BufferedBytes() const { return m_buffer.size() - m_nReadPos; }
+    const SStats& Stats() const { return m_stats; }
+    void Reset();
 
 private:
     enum class ECandidate { Frame, Incomplete, BadChecksum, Unsupported, UnknownId };
@@ -57,13 +57,13 @@ private:
         uint32_t msgid = 0;
     };
 
-    void skipToFrameStart();
-    static ECandidate readHeader(const uint8_t* frame, std::size_t available, SHeader& header);
-    static ECandidate examine(const uint8_t* frame, std::size_t available, SHeader& header,
+    void SkipToFrameStart();
+    static ECandidate ReadHeader(const uint8_t* frame, std::size_t available, SHeader& header);
+    static ECandidate Examine(const uint8_t* frame, std::size_t available, SHeader& header,
                               mavlink_message_t& message);
-    static void fillMessage(const uint8_t* frame, const SHeader& header, const LmMavlink::SMessageInfo& info,
+    static void FillMessage(const uint8_t* frame, const SHeader& header, const LmMavlink::SMessageInfo& info,
                             mavlink_message_t& message);
-    void dropByte();
+    void DropByte();
 
     std::vector<uint8_t> m_buffer;
     std::size_t m_nReadPos = 0;

@@ -28,9 +28,9 @@ struct SMessageInfo {
 };
 
 // Null when the id or name is not defined by the dialect.
-const SMessageInfo* findMessageInfo(uint32_t msgid);
-const SMessageInfo* findMessageInfo(const char* name);
-std::size_t messageInfoCount();
-const SMessageInfo& messageInfoAt(std::size_t index);
+const SMessageInfo* FindMessageInfo(uint32_t msgid);
+const SMessageInfo* FindMessageInfo(const char* name);
+std::size_t MessageInfoCount();
+const SMessageInfo& MessageInfoAt(std::size_t index);
 
 } // namespace LmMavlink

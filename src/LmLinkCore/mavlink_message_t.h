@@ -39,12 +39,12 @@ struct mavlink_message_t {
     // 2015-01-01) and the first 6 bytes of the SHA-256 signature.
     uint8_t signature[SIGNATURE_LENGTH] = {};
 
-    bool isVersion1() const { return magic == MAGIC_V1; }
-    bool isSigned() const { return magic == MAGIC_V2 && (incompat_flags & INCOMPAT_FLAG_SIGNED) != 0; }
-    std::size_t headerLength() const { return isVersion1() ? HEADER_LENGTH_V1 : HEADER_LENGTH_V2; }
-    std::size_t frameLength() const
+    bool IsVersion1() const { return magic == MAGIC_V1; }
+    bool IsSigned() const { return magic == MAGIC_V2 && (incompat_flags & INCOMPAT_FLAG_SIGNED) != 0; }
+    std::size_t HeaderLength() const { return IsVersion1() ? HEADER_LENGTH_V1 : HEADER_LENGTH_V2; }
+    std::size_t FrameLength() const
     {
-        return headerLength() + len + CHECKSUM_LENGTH + (isSigned() ? SIGNATURE_LENGTH : 0);
+        return HeaderLength() + len + CHECKSUM_LENGTH + (IsSigned() ? SIGNATURE_LENGTH : 0);
     }
 };
 

@@ -30,7 +30,7 @@ CLmUasProvide* CLMAckBase::GetUAS() const
 void CLMAckBase::StartUpload(int retries, int intervalMs, const CLMCommandLongParam& param)
 {
     if (!m_pUas) {
-        qCWarning(lcLinkInstance) << "request without an aircraft ignored";
+        qCWarning(lcLinkInstanceUav) << "request without an aircraft ignored";
         return;
     }
     m_param = param;

@@ -24,7 +24,7 @@ bool CLmLinkManager::AddLink(CLmLinkProvide* pLink)
 {
     const int linkId = pLink->GetLinkId();
     if (m_hashLinks.contains(linkId)) {
-        qCWarning(lcLinkInstance) << "link id already in use:" << linkId;
+        qCWarning(lcLinkInstanceLink) << "link id already in use:" << linkId;
         return false;
     }
     pLink->setParent(this);
@@ -45,7 +45,7 @@ CLmLinkProvide* CLmLinkManager::GetLink(int linkId) const
 CLmLinkProvide* CLmLinkManager::AddTcpClientLink(QObject* owner, LINK_TYPE type)
 {
     if (type != LINK_TYPE_TCP_CLIENT) {
-        qCWarning(lcLinkInstance) << "not a client link type:" << type;
+        qCWarning(lcLinkInstanceLink) << "not a client link type:" << type;
         return nullptr;
     }
     auto* pLink = new CLmTcpClientLink(FreeLinkId(kFirstClientLinkId), GetPushChannelAddress());
@@ -81,6 +81,6 @@ CLmLinkProvide* CLmLinkManager::FindLinkOrWarn(int linkId) const
 {
     CLmLinkProvide* pLink = GetLink(linkId);
     if (!pLink)
-        qCWarning(lcLinkInstance) << "no link with id" << linkId;
+        qCWarning(lcLinkInstanceLink) << "no link with id" << linkId;
     return pLink;
 }

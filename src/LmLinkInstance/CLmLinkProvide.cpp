@@ -15,5 +15,5 @@ int CLmLinkProvide::GetLinkId() const
 
 void CLmLinkProvide::WriteBytes(const QByteArray& bytes)
 {
-    qCDebug(lcLinkInstance) << "link" << m_nLinkId << "cannot send; dropped" << bytes.size() << "bytes";
+    qCDebug(lcLinkInstanceLink) << "link" << m_nLinkId << "cannot send; dropped" << bytes.size() << "bytes";
 }

@@ -30,7 +30,7 @@ QVector<USB_DISK_INFO> CLmRemovableVolumeScanner::Scan() const
 {
     QFile mounts(m_strMountsPath);
     if (!mounts.open(QIODevice::ReadOnly)) {
-        qCWarning(lcLinkInstance) << "cannot read mount table" << m_strMountsPath << mounts.errorString();
+        qCWarning(lcLinkInstanceUsb) << "cannot read mount table" << m_strMountsPath << mounts.errorString();
         return {};
     }
 

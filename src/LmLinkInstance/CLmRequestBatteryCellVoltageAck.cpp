@@ -2,8 +2,6 @@
 
 #include "LmMavlinkMessages.h"
 
-#include <QMap>
-
 using LmMavlink::SBatteryStatus;
 
 namespace {
@@ -30,13 +28,5 @@ CLmRequestBatteryCellVoltageAck::CLmRequestBatteryCellVoltageAck(QObject* parent
 
 void CLmRequestBatteryCellVoltageAck::Deliver(const QList<mavlink_message_t>& replies)
 {
-    QMap<int, QStringList> batteries;
-    for (const mavlink_message_t& reply : replies) {
-        const SBatteryStatus status = SBatteryStatus::unpack(reply);
-        batteries.insert(status.id, CellFields(status));
-    }
-    QStringList data;
-    for (const QStringList& cells : qAsConst(batteries))
-        data << cells;
-    emit BatteryCellVoltage(data);
+    emit BatteryCellVoltage(FieldsInIdOrder<SBatteryStatus>(replies, CellFields));
 }

@@ -2,8 +2,6 @@
 
 #include "LmMavlinkMessages.h"
 
-#include <QMap>
-
 #include <cstring>
 
 using LmMavlink::SSmartBatteryInfo;
@@ -31,14 +29,7 @@ CLmRequestBatteryDataAck::CLmRequestBatteryDataAck(QObject* parent, CLmClock* pC
 
 void CLmRequestBatteryDataAck::Deliver(const QList<mavlink_message_t>& replies)
 {
-    QMap<int, QStringList> batteries;
-    for (const mavlink_message_t& reply : replies) {
-        const SSmartBatteryInfo info = SSmartBatteryInfo::unpack(reply);
-        batteries.insert(info.id, BatteryFields(info));
-    }
-    QStringList data;
-    for (const QStringList& fields : qAsConst(batteries))
-        data << fields;
+    QStringList data = FieldsInIdOrder<SSmartBatteryInfo>(replies, BatteryFields);
     for (int i = 0; i < kGroupSettingCount; ++i)
         data << QStringLiteral("0");
     emit BatteryData(data);

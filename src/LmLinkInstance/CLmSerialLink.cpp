@@ -11,6 +11,12 @@ constexpr quint16 kVendorSiliconLabs = 0x10C4;
 constexpr quint16 kVendorWch = 0x1A86;
 constexpr quint16 kVendorProlific = 0x067B;
 
+bool IsRadioVendor(quint16 vendorId)
+{
+    return vendorId == kVendorFtdi || vendorId == kVendorSiliconLabs || vendorId == kVendorWch
+           || vendorId == kVendorProlific;
+}
+
 }  // namespace
 
 CLmSerialLink::CLmSerialLink(int linkId, const QString& portName, int baudRate, QObject* parent)
@@ -27,11 +33,6 @@ CLmSerialLink::~CLmSerialLink()
     m_port.close();
 }
 
-QString CLmSerialLink::GetPortName() const
-{
-    return m_port.portName();
-}
-
 bool CLmSerialLink::IsOpen() const
 {
     return m_port.isOpen();
@@ -42,10 +43,10 @@ void CLmSerialLink::Connect()
     if (m_port.isOpen())
         return;
     if (!m_port.open(QIODevice::ReadWrite)) {
-        qCWarning(lcLinkInstance) << "cannot open serial port" << m_port.portName() << m_port.errorString();
+        qCWarning(lcLinkInstanceUav) << "cannot open serial port" << m_port.portName() << m_port.errorString();
         return;
     }
-    qCInfo(lcLinkInstance) << "serial port open:" << m_port.portName();
+    qCInfo(lcLinkInstanceUav) << "serial port open:" << m_port.portName();
     emit connected();
 }
 
@@ -54,7 +55,7 @@ void CLmSerialLink::Disconnect()
     if (!m_port.isOpen())
         return;
     m_port.close();
-    qCInfo(lcLinkInstance) << "serial port closed:" << m_port.portName();
+    qCInfo(lcLinkInstanceUav) << "serial port closed:" << m_port.portName();
     emit disconnected();
 }
 
@@ -62,12 +63,6 @@ void CLmSerialLink::WriteBytes(const QByteArray& bytes)
 {
     if (m_port.isOpen())
         m_port.write(bytes);
-}
-
-bool CLmSerialLink::IsRadioVendor(quint16 vendorId)
-{
-    return vendorId == kVendorFtdi || vendorId == kVendorSiliconLabs || vendorId == kVendorWch
-           || vendorId == kVendorProlific;
 }
 
 QStringList CLmSerialLink::AvailableRadioPorts()
@@ -89,7 +84,7 @@ void CLmSerialLink::OnError(QSerialPort::SerialPortError error)
 {
     // A radio pulled out of its socket: the device is gone, close our end.
     if (error == QSerialPort::ResourceError && m_port.isOpen()) {
-        qCWarning(lcLinkInstance) << "serial port lost:" << m_port.portName() << m_port.errorString();
+        qCWarning(lcLinkInstanceUav) << "serial port lost:" << m_port.portName() << m_port.errorString();
         Disconnect();
     }
 }

@@ -14,17 +14,15 @@ public:
     CLmSerialLink(int linkId, const QString& portName, int baudRate, QObject* parent = nullptr);
     ~CLmSerialLink() override;
 
-    QString GetPortName() const;
     bool IsOpen() const;
 
     void Connect() override;
     void Disconnect() override;
     void WriteBytes(const QByteArray& bytes) override;
 
-    // USB serial converters that telemetry radios are built on: FTDI,
-    // Silicon Labs CP210x, WCH CH340/CH341 and Prolific PL2303.
-    static bool IsRadioVendor(quint16 vendorId);
-    // Names of the present serial ports whose USB vendor is a radio vendor.
+    // Names of the present serial ports whose USB vendor is one that
+    // telemetry radios are built on: FTDI, Silicon Labs CP210x, WCH
+    // CH340/CH341 and Prolific PL2303.
     static QStringList AvailableRadioPorts();
 
 private:

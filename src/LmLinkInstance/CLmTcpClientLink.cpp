@@ -20,7 +20,7 @@ CLmTcpClientLink::CLmTcpClientLink(int linkId, const QString& address, QObject* 
     m_strHost = address.left(colon);
     m_nPort = static_cast<quint16>(address.midRef(colon + 1).toUInt());
     if (colon <= 0 || m_nPort == 0)
-        qCWarning(lcLinkInstance) << "not a host:port address:" << address;
+        qCWarning(lcLinkInstancePush) << "not a host:port address:" << address;
 
     m_reconnectTimer.setSingleShot(true);
     connect(&m_reconnectTimer, &QTimer::timeout, this, &CLmTcpClientLink::ConnectToHost);
@@ -71,7 +71,7 @@ void CLmTcpClientLink::ConnectToHost()
 
 void CLmTcpClientLink::OnConnected()
 {
-    qCInfo(lcLinkInstance) << "tcp link" << GetLinkId() << "connected to" << m_strHost << m_nPort;
+    qCInfo(lcLinkInstancePush) << "tcp link" << GetLinkId() << "connected to" << m_strHost << m_nPort;
     m_bWasConnected = true;
     m_connectedFor.start();
     SendSubscription();
@@ -111,7 +111,7 @@ void CLmTcpClientLink::OnConnectionEnded()
     if (!m_bWanted)
         return;
     const int delay = m_backoff.NextDelayMs();
-    qCInfo(lcLinkInstance) << "tcp link" << GetLinkId() << "reconnects in" << delay << "ms";
+    qCInfo(lcLinkInstancePush) << "tcp link" << GetLinkId() << "reconnects in" << delay << "ms";
     m_reconnectTimer.start(delay);
 }
 
@@ -126,7 +126,7 @@ void CLmTcpClientLink::OnReadyRead()
     const int lastDelimiter = m_pendingBytes.lastIndexOf(m_frameDelimiter);
     if (lastDelimiter < 0) {
         if (m_pendingBytes.size() > kMaxPendingBytes) {
-            qCWarning(lcLinkInstance) << "tcp link" << GetLinkId() << "dropped an oversized frame";
+            qCWarning(lcLinkInstancePush) << "tcp link" << GetLinkId() << "dropped an oversized frame";
             m_pendingBytes.clear();
         }
         return;

@@ -22,7 +22,7 @@ bool IsAircraftHeartbeat(const mavlink_message_t& message)
 {
     if (message.msgid != MSG_ID_HEARTBEAT || message.sysid == CLmUasProvide::GroundSystemId)
         return false;
-    const SHeartbeat heartbeat = SHeartbeat::unpack(message);
+    const SHeartbeat heartbeat = SHeartbeat::Unpack(message);
     return heartbeat.type != MAV_TYPE_GCS && heartbeat.autopilot != MAV_AUTOPILOT_INVALID;
 }
 
@@ -59,7 +59,7 @@ void CLmUAVConnectObj::slotFreeSerialPort()
     for (CLmSerialLink* pLink : qAsConst(m_mapSerialLinks)) {
         DropAircraftOn(pLink);
         pLink->Disconnect();
-        m_hashParsers[pLink].reset();
+        m_hashParsers[pLink].Reset();
     }
 }
 
@@ -135,9 +135,9 @@ void CLmUAVConnectObj::WatchLink(CLmLinkProvide* pLink)
 void CLmUAVConnectObj::OnBytesReceived(CLmLinkProvide* pLink, const QByteArray& bytes)
 {
     CLmMavlinkParser& parser = m_hashParsers[pLink];
-    parser.feed(bytes);
+    parser.Feed(bytes);
     mavlink_message_t message;
-    while (parser.next(message))
+    while (parser.Next(message))
         Dispatch(pLink, message);
 }
 
@@ -168,7 +168,7 @@ CLmUAVConnectObj::SAircraft* CLmUAVConnectObj::FindOrCreateAircraft(CLmLinkProvi
 
 CLmUasProvide* CLmUAVConnectObj::CreateHandle(CLmLinkProvide* pLink, const mavlink_message_t& heartbeat)
 {
-    qCInfo(lcLinkInstance) << "aircraft" << heartbeat.sysid << "heard on link" << pLink->GetLinkId();
+    qCInfo(lcLinkInstanceUav) << "aircraft" << heartbeat.sysid << "heard on link" << pLink->GetLinkId();
     auto* pUas = new CLmUasProvide(pLink, heartbeat.sysid, heartbeat.compid, this);
     pUas->SetHeartbeatTimeout(m_iHeartbeatTimeoutMs);
     const AircraftKey key(pLink, heartbeat.sysid);
@@ -187,7 +187,7 @@ void CLmUAVConnectObj::AnnounceIfReady(SAircraft& aircraft)
     if (!aircraft.pUas->IsIdentified() && aircraft.iHeartbeats < kHeartbeatsBeforeAnnounce)
         return;
     aircraft.bConnected = true;
-    qCInfo(lcLinkInstance) << "aircraft" << aircraft.pUas->GetUasID() << "connected:"
+    qCInfo(lcLinkInstanceUav) << "aircraft" << aircraft.pUas->GetUasID() << "connected:"
                            << aircraft.pUas->GetPlaneTypeString();
     emit UAV_connected(aircraft.pUas);
     if (aircraft.pUas->IsFixwing())
@@ -204,7 +204,7 @@ void CLmUAVConnectObj::OnHeartbeatLost(const AircraftKey& key)
     if (!aircraft.bConnected)
         return;
     aircraft.bConnected = false;
-    qCInfo(lcLinkInstance) << "aircraft" << aircraft.pUas->GetUasID() << "lost: no heartbeat";
+    qCInfo(lcLinkInstanceUav) << "aircraft" << aircraft.pUas->GetUasID() << "lost: no heartbeat";
     emit UAV_disconnected(aircraft.pUas);
 }
 

@@ -159,22 +159,12 @@ void CLmUasProvide::StartStatusStream()
 
 void CLmUasProvide::RequestParachuteNum()
 {
-    RunOnLinkThread([this] {
-        SSkyParachuteCountRequest request;
-        request.target_system = static_cast<uint8_t>(m_iUasId);
-        request.target_component = static_cast<uint8_t>(m_iComponentId);
-        Send(request);
-    });
+    SendRequest<SSkyParachuteCountRequest>(m_iComponentId);
 }
 
 void CLmUasProvide::ResetParachuteRope()
 {
-    RunOnLinkThread([this] {
-        SSkyParachuteRopeReset request;
-        request.target_system = static_cast<uint8_t>(m_iUasId);
-        request.target_component = static_cast<uint8_t>(m_iComponentId);
-        Send(request);
-    });
+    SendRequest<SSkyParachuteRopeReset>(m_iComponentId);
 }
 
 void CLmUasProvide::SendCommandLong(int command, int confirmation, float param1, float param2, float param3,
@@ -186,10 +176,7 @@ void CLmUasProvide::SendCommandLong(int command, int confirmation, float param1,
 
 void CLmUasProvide::SendCommandLong(const CLMCommandLongParam& param)
 {
-    RunOnLinkThread([this, param] {
-        SCommandLong command;
-        command.target_system = static_cast<uint8_t>(m_iUasId);
-        command.target_component = static_cast<uint8_t>(param.targetComponent);
+    SendRequest<SCommandLong>(param.targetComponent, [param](SCommandLong& command) {
         command.command = static_cast<uint16_t>(param.command);
         command.confirmation = static_cast<uint8_t>(param.confirmation);
         command.param1 = param.param1;
@@ -199,7 +186,6 @@ void CLmUasProvide::SendCommandLong(const CLMCommandLongParam& param)
         command.param5 = param.param5;
         command.param6 = param.param6;
         command.param7 = param.param7;
-        Send(command);
     });
 }
 
@@ -214,83 +200,52 @@ void CLmUasProvide::RequestMessage(quint32 messageId, int confirmation)
 
 void CLmUasProvide::RequestLogList(quint16 start, quint16 end)
 {
-    RunOnLinkThread([this, start, end] {
-        SLogRequestList request;
-        request.target_system = static_cast<uint8_t>(m_iUasId);
-        request.target_component = static_cast<uint8_t>(m_iComponentId);
+    SendRequest<SLogRequestList>(m_iComponentId, [start, end](SLogRequestList& request) {
         request.start = start;
         request.end = end;
-        Send(request);
     });
 }
 
 void CLmUasProvide::RequestLogData(quint16 logId, quint32 offset, quint32 count)
 {
-    RunOnLinkThread([this, logId, offset, count] {
-        SLogRequestData request;
-        request.target_system = static_cast<uint8_t>(m_iUasId);
-        request.target_component = static_cast<uint8_t>(m_iComponentId);
+    SendRequest<SLogRequestData>(m_iComponentId, [logId, offset, count](SLogRequestData& request) {
         request.id = logId;
         request.ofs = offset;
         request.count = count;
-        Send(request);
     });
 }
 
 void CLmUasProvide::RequestLogEnd()
 {
-    RunOnLinkThread([this] {
-        SLogRequestEnd request;
-        request.target_system = static_cast<uint8_t>(m_iUasId);
-        request.target_component = static_cast<uint8_t>(m_iComponentId);
-        Send(request);
-    });
+    SendRequest<SLogRequestEnd>(m_iComponentId);
 }
 
 void CLmUasProvide::EraseAllLogs()
 {
-    RunOnLinkThread([this] {
-        SLogErase request;
-        request.target_system = static_cast<uint8_t>(m_iUasId);
-        request.target_component = static_cast<uint8_t>(m_iComponentId);
-        Send(request);
-    });
+    SendRequest<SLogErase>(m_iComponentId);
 }
 
 void CLmUasProvide::RequestParameterList()
 {
-    RunOnLinkThread([this] {
-        SParamRequestList request;
-        request.target_system = static_cast<uint8_t>(m_iUasId);
-        request.target_component = static_cast<uint8_t>(m_iComponentId);
-        Send(request);
-    });
+    SendRequest<SParamRequestList>(m_iComponentId);
 }
 
 void CLmUasProvide::RequestParameter(const QString& name)
 {
-    RunOnLinkThread([this, name] {
-        SParamRequestRead request;
-        request.target_system = static_cast<uint8_t>(m_iUasId);
-        request.target_component = static_cast<uint8_t>(m_iComponentId);
+    SendRequest<SParamRequestRead>(m_iComponentId, [name](SParamRequestRead& request) {
         request.param_index = -1;
         SetFieldText(request.param_id, name);
-        Send(request);
     });
 }
 
 void CLmUasProvide::WriteParameter(int componentId, const QString& name, const QVariant& value)
 {
-    RunOnLinkThread([this, componentId, name, value] {
-        SParamSet request;
-        request.target_system = static_cast<uint8_t>(m_iUasId);
-        request.target_component = static_cast<uint8_t>(componentId);
+    SendRequest<SParamSet>(componentId, [this, name, value](SParamSet& request) {
         SetFieldText(request.param_id, name);
         request.param_value = value.toFloat();
         const int defaultType = IsIntegerVariant(value) ? MAV_PARAM_TYPE_INT32 : MAV_PARAM_TYPE_REAL32;
         request.param_type = static_cast<uint8_t>(m_mapParamTypes.value(name, defaultType));
         m_setPendingWrites.insert(name);
-        Send(request);
     });
 }
 
@@ -320,7 +275,20 @@ template <typename TMessage>
 void CLmUasProvide::Send(const TMessage& message)
 {
     if (m_pLink)
-        m_pLink->WriteBytes(m_encoder.encode(message));
+        m_pLink->WriteBytes(m_encoder.Encode(message));
+}
+
+template <typename TMessage>
+void CLmUasProvide::SendRequest(int targetComponent, std::function<void(TMessage&)> fill)
+{
+    RunOnLinkThread([this, targetComponent, fill = std::move(fill)] {
+        TMessage request;
+        request.target_system = static_cast<uint8_t>(m_iUasId);
+        request.target_component = static_cast<uint8_t>(targetComponent);
+        if (fill)
+            fill(request);
+        Send(request);
+    });
 }
 
 void CLmUasProvide::RunOnLinkThread(std::function<void()> request)
@@ -356,7 +324,7 @@ void CLmUasProvide::FinishBatteryReport(uint32_t nextMessageId)
 
 void CLmUasProvide::OnHeartbeat(const mavlink_message_t& message)
 {
-    const SHeartbeat heartbeat = SHeartbeat::unpack(message);
+    const SHeartbeat heartbeat = SHeartbeat::Unpack(message);
     {
         QMutexLocker lock(&m_identityMutex);
         m_iVehicleType = heartbeat.type;
@@ -368,7 +336,7 @@ void CLmUasProvide::OnHeartbeat(const mavlink_message_t& message)
 
 void CLmUasProvide::OnPlaneInfo(const mavlink_message_t& message)
 {
-    const QString firmware = FieldText(SSkyPlaneInfo::unpack(message).firmware);
+    const QString firmware = FieldText(SSkyPlaneInfo::Unpack(message).firmware);
     bool bFirst = false;
     {
         QMutexLocker lock(&m_identityMutex);
@@ -381,7 +349,7 @@ void CLmUasProvide::OnPlaneInfo(const mavlink_message_t& message)
 
 void CLmUasProvide::OnFixwingStatus(const mavlink_message_t& message)
 {
-    const SSkyFixwingStatus status = SSkyFixwingStatus::unpack(message);
+    const SSkyFixwingStatus status = SSkyFixwingStatus::Unpack(message);
     emit tolva_status({FieldText(status.serial_number), FieldText(status.firmware_version),
                        FieldText(status.hardware_version), Number(qint64(status.total_flight_time)),
                        Number(qint64(status.boot_count)), Number(double(status.flight_mileage)),
@@ -392,7 +360,7 @@ void CLmUasProvide::OnFixwingStatus(const mavlink_message_t& message)
 
 void CLmUasProvide::OnMultirotorStatus(const mavlink_message_t& message)
 {
-    const SSkyMultirotorStatus status = SSkyMultirotorStatus::unpack(message);
+    const SSkyMultirotorStatus status = SSkyMultirotorStatus::Unpack(message);
     emit multirotor_tolva_status(
         {Number(double(status.flight_mileage)), Number(qint64(status.sortie_count)), FieldText(status.serial_number),
          FieldText(status.firmware_version), Number(qint64(status.total_flight_time)),
@@ -408,14 +376,14 @@ void CLmUasProvide::OnMultirotorStatus(const mavlink_message_t& message)
 
 void CLmUasProvide::OnFixwingBattery(const mavlink_message_t& message)
 {
-    const SSkyFixwingBattery battery = SSkyFixwingBattery::unpack(message);
+    const SSkyFixwingBattery battery = SSkyFixwingBattery::Unpack(message);
     emit batteryInfoAndFailsafeFlag(battery.remaining, battery.capacity, battery.failsafe_flags,
                                     battery.battery_state, battery.voltage);
 }
 
 void CLmUasProvide::OnCalibrationFailureCode(const mavlink_message_t& message)
 {
-    const SSkyCalibrationFailureCode report = SSkyCalibrationFailureCode::unpack(message);
+    const SSkyCalibrationFailureCode report = SSkyCalibrationFailureCode::Unpack(message);
     emit calibrationInfoAndFailureCode(report.calibration_status, report.calibration, report.code_num, report.code0,
                                        report.code1);
 }
@@ -424,7 +392,7 @@ void CLmUasProvide::OnBatteryStatus(const mavlink_message_t& message)
 {
     if (!m_bBatteryReportOpen)
         return;
-    const SBatteryStatus battery = SBatteryStatus::unpack(message);
+    const SBatteryStatus battery = SBatteryStatus::Unpack(message);
     qint64 totalMilliVolts = 0;
     for (uint16_t cell : battery.voltages) {
         if (cell != kUnusedCell)
@@ -439,25 +407,25 @@ void CLmUasProvide::OnBatteryStatus(const mavlink_message_t& message)
 
 void CLmUasProvide::OnParachuteNotice(const mavlink_message_t& message)
 {
-    const SSkyParachuteNotice notice = SSkyParachuteNotice::unpack(message);
+    const SSkyParachuteNotice notice = SSkyParachuteNotice::Unpack(message);
     emit parachuteNum(static_cast<int>(notice.open_count_at_rope_reset));
     emit NeedNotifyParachute(notice.rope_use_count);
 }
 
 void CLmUasProvide::OnKeyStatus(const mavlink_message_t& message)
 {
-    emit KeyStatusString(FieldText(SSkyKeyStatus::unpack(message).text));
+    emit KeyStatusString(FieldText(SSkyKeyStatus::Unpack(message).text));
 }
 
 void CLmUasProvide::OnLogEntry(const mavlink_message_t& message)
 {
-    const SLogEntry entry = SLogEntry::unpack(message);
+    const SLogEntry entry = SLogEntry::Unpack(message);
     emit logEntry(m_iUasId, entry.time_utc, entry.size, entry.id, entry.num_logs, entry.last_log_num);
 }
 
 void CLmUasProvide::OnLogData(const mavlink_message_t& message)
 {
-    const SLogData data = SLogData::unpack(message);
+    const SLogData data = SLogData::Unpack(message);
     const int count = std::min<int>(data.count, sizeof data.data);
     emit logData(static_cast<quint32>(m_iUasId), data.ofs, data.id, static_cast<quint8>(count),
                  QByteArray(reinterpret_cast<const char*>(data.data), count));
@@ -465,7 +433,7 @@ void CLmUasProvide::OnLogData(const mavlink_message_t& message)
 
 void CLmUasProvide::OnParamValue(const mavlink_message_t& message)
 {
-    const SParamValue param = SParamValue::unpack(message);
+    const SParamValue param = SParamValue::Unpack(message);
     const QString name = FieldText(param.param_id);
     m_mapParamTypes.insert(name, param.param_type);
     const QVariant value = IsIntegerParamType(param.param_type) ? QVariant(qRound(param.param_value))
@@ -477,7 +445,7 @@ void CLmUasProvide::OnParamValue(const mavlink_message_t& message)
 
 void CLmUasProvide::OnCommandAck(const mavlink_message_t& message)
 {
-    const SCommandAck ack = SCommandAck::unpack(message);
+    const SCommandAck ack = SCommandAck::Unpack(message);
     if (ack.target_system != 0 && ack.target_system != GroundSystemId)
         return;
     emit commandAck(ack.command, ack.result);

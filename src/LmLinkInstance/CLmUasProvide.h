@@ -113,6 +113,10 @@ signals:
 private:
     template <typename TMessage>
     void Send(const TMessage& message);
+    // On the link's thread: sends a TMessage addressed to this aircraft and
+    // its component targetComponent, after fill set the other fields.
+    template <typename TMessage>
+    void SendRequest(int targetComponent, std::function<void(TMessage&)> fill = {});
     void RunOnLinkThread(std::function<void()> request);
     void SendHeartbeat();
     void FinishBatteryReport(uint32_t nextMessageId);

@@ -28,12 +28,12 @@ void CLmUdpLink::Connect()
     if (m_socket.state() == QAbstractSocket::BoundState)
         return;
     if (!m_socket.bind(QHostAddress::AnyIPv4, m_nListenPort)) {
-        qCWarning(lcLinkInstance) << "cannot listen on UDP port" << m_nListenPort << m_socket.errorString();
+        qCWarning(lcLinkInstanceUav) << "cannot listen on UDP port" << m_nListenPort << m_socket.errorString();
         return;
     }
     m_socket.setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, kReceiveBufferBytes);
     m_nBoundPort = m_socket.localPort();
-    qCInfo(lcLinkInstance) << "listening for aircraft on UDP port" << m_nBoundPort;
+    qCInfo(lcLinkInstanceUav) << "listening for aircraft on UDP port" << m_nBoundPort;
     emit connected();
 }
 

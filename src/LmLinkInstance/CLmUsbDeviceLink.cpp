@@ -102,13 +102,13 @@ void CLmUsbDeviceLink::WatchMountTable()
     if (m_pMountNotifier)
         return;
     if (!m_mountTable.open(QIODevice::ReadOnly)) {
-        qCWarning(lcLinkInstance) << "cannot watch mount table" << m_mountTable.fileName()
+        qCWarning(lcLinkInstanceUsb) << "cannot watch mount table" << m_mountTable.fileName()
                                   << m_mountTable.errorString();
         return;
     }
     m_pMountNotifier = new QSocketNotifier(m_mountTable.handle(), QSocketNotifier::Exception, this);
     connect(m_pMountNotifier, &QSocketNotifier::activated, this, [this]() {
-        qCDebug(lcLinkInstance) << "mount table changed";
+        qCDebug(lcLinkInstanceUsb) << "mount table changed";
         Rescan();
     });
 }
@@ -130,7 +130,7 @@ void CLmUsbDeviceLink::SetDisks(const QVector<USB_DISK_INFO>& disks)
     m_vecDisks = disks;
     if (!changed)
         return;
-    qCDebug(lcLinkInstance) << "removable disks:" << m_vecDisks.size();
+    qCDebug(lcLinkInstanceUsb) << "removable disks:" << m_vecDisks.size();
     emit DiskListChanged();
 }
 

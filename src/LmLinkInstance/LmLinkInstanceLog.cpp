@@ -1,3 +1,6 @@
 #include "LmLinkInstanceLog.h"
 
-Q_LOGGING_CATEGORY(lcLinkInstance, "sky.linkinstance")
+Q_LOGGING_CATEGORY(lcLinkInstanceLink, "sky.linkinstance.link")
+Q_LOGGING_CATEGORY(lcLinkInstanceUav, "sky.linkinstance.uav")
+Q_LOGGING_CATEGORY(lcLinkInstancePush, "sky.linkinstance.push")
+Q_LOGGING_CATEGORY(lcLinkInstanceUsb, "sky.linkinstance.usb")

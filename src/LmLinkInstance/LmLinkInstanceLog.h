@@ -2,4 +2,12 @@
 
 #include <QLoggingCategory>
 
-Q_DECLARE_LOGGING_CATEGORY(lcLinkInstance)
+// Logging categories of the link library ("sky.linkinstance.*" covers them all).
+// sky.linkinstance.link: the link manager and what every link has in common.
+Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceLink)
+// sky.linkinstance.uav: the aircraft, their serial and UDP links and the commands sent to them.
+Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceUav)
+// sky.linkinstance.push: the client link to the cloud's push channel.
+Q_DECLARE_LOGGING_CATEGORY(lcLinkInstancePush)
+// sky.linkinstance.usb: the removable disks.
+Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceUsb)

@@ -82,11 +82,11 @@ QByteArray mixedStream(QVector<uint32_t>& msgids)
     CLmMavlinkEncoder radioV1(1, 68, CLmMavlinkEncoder::EVersion::V1);
     QByteArray stream;
     for (uint32_t round = 0; round < 20; ++round) {
-        stream += aircraftV2.encode(knownHeartbeat());
-        stream += radioV1.encode(knownHeartbeat());
-        stream += aircraftV2.encode(paramValue("GCS_TIMEOUT", float(round)));
-        stream += radioV1.encode(logData(round * 90));
-        stream += aircraftV2.encode(logData(round * 90));
+        stream += aircraftV2.Encode(knownHeartbeat());
+        stream += radioV1.Encode(knownHeartbeat());
+        stream += aircraftV2.Encode(paramValue("GCS_TIMEOUT", float(round)));
+        stream += radioV1.Encode(logData(round * 90));
+        stream += aircraftV2.Encode(logData(round * 90));
         msgids << MSG_ID_HEARTBEAT << MSG_ID_HEARTBEAT << MSG_ID_PARAM_VALUE << MSG_ID_LOG_DATA << MSG_ID_LOG_DATA;
     }
     return stream;
@@ -137,29 +137,29 @@ void TestLmMavlinkCodec::knownFrameDecodes()
 {
     QFETCH(QByteArray, frame);
     CLmMavlinkParser parser;
-    const QVector<mavlink_message_t> messages = parser.parse(frame);
+    const QVector<mavlink_message_t> messages = parser.Parse(frame);
     QCOMPARE(messages.size(), 1);
     const mavlink_message_t& message = messages.first();
     QCOMPARE(message.msgid, MSG_ID_HEARTBEAT);
     QCOMPARE(int(message.sysid), 1);
     QCOMPARE(int(message.compid), 1);
     QCOMPARE(int(message.seq), 0);
-    const SHeartbeat heartbeat = SHeartbeat::unpack(message);
+    const SHeartbeat heartbeat = SHeartbeat::Unpack(message);
     QCOMPARE(int(heartbeat.type), int(MAV_TYPE_QUADROTOR));
     QCOMPARE(int(heartbeat.autopilot), 3);
     QCOMPARE(int(heartbeat.base_mode), 0x51);
     QCOMPARE(heartbeat.custom_mode, 4u);
     QCOMPARE(int(heartbeat.system_status), int(MAV_STATE_ACTIVE));
     QCOMPARE(int(heartbeat.mavlink_version), 3);
-    QCOMPARE(parser.stats().droppedBytes, uint64_t(0));
+    QCOMPARE(parser.Stats().droppedBytes, uint64_t(0));
 }
 
 void TestLmMavlinkCodec::encoderMatchesKnownFrame()
 {
     CLmMavlinkEncoder encoderV2(1, 1);
-    QCOMPARE(encoderV2.encode(knownHeartbeat()), KNOWN_HEARTBEAT_V2);
+    QCOMPARE(encoderV2.Encode(knownHeartbeat()), KNOWN_HEARTBEAT_V2);
     CLmMavlinkEncoder encoderV1(1, 1, CLmMavlinkEncoder::EVersion::V1);
-    QCOMPARE(encoderV1.encode(knownHeartbeat()), KNOWN_HEARTBEAT_V1);
+    QCOMPARE(encoderV1.Encode(knownHeartbeat()), KNOWN_HEARTBEAT_V1);
 }
 
 void TestLmMavlinkCodec::version2DropsTrailingZeros()
@@ -167,18 +167,18 @@ void TestLmMavlinkCodec::version2DropsTrailingZeros()
     CLmMavlinkEncoder encoder(1, 1);
     SBatteryStatus battery;
     battery.current_consumed = 1200; // only the first 4 payload bytes are non-zero
-    const mavlink_message_t packed = encoder.pack(battery);
+    const mavlink_message_t packed = encoder.Pack(battery);
     QCOMPARE(int(packed.len), 2);
 
-    const mavlink_message_t empty = encoder.pack(SBatteryStatus());
+    const mavlink_message_t empty = encoder.Pack(SBatteryStatus());
     QCOMPARE(int(empty.len), 1); // the first byte always stays
 
     CLmMavlinkParser parser;
     const QVector<mavlink_message_t> messages =
-        parser.parse(CLmMavlinkEncoder::serialize(packed) + CLmMavlinkEncoder::serialize(empty));
+        parser.Parse(CLmMavlinkEncoder::Serialize(packed) + CLmMavlinkEncoder::Serialize(empty));
     QCOMPARE(messages.size(), 2);
-    QCOMPARE(SBatteryStatus::unpack(messages.at(0)).current_consumed, 1200);
-    QCOMPARE(SBatteryStatus::unpack(messages.at(1)).current_consumed, 0);
+    QCOMPARE(SBatteryStatus::Unpack(messages.at(0)).current_consumed, 1200);
+    QCOMPARE(SBatteryStatus::Unpack(messages.at(1)).current_consumed, 0);
 }
 
 void TestLmMavlinkCodec::version1LeavesOutExtensions()
@@ -187,18 +187,18 @@ void TestLmMavlinkCodec::version1LeavesOutExtensions()
     SBatteryStatus battery;
     battery.battery_remaining = 80;
     battery.time_remaining = 600; // extension
-    const mavlink_message_t packed = encoder.pack(battery);
-    QVERIFY(packed.isVersion1());
+    const mavlink_message_t packed = encoder.Pack(battery);
+    QVERIFY(packed.IsVersion1());
     QCOMPARE(int(packed.len), int(SBatteryStatus::MIN_LENGTH));
 
     CLmMavlinkParser parser;
-    const QVector<mavlink_message_t> messages = parser.parse(CLmMavlinkEncoder::serialize(packed));
+    const QVector<mavlink_message_t> messages = parser.Parse(CLmMavlinkEncoder::Serialize(packed));
     QCOMPARE(messages.size(), 1);
-    QCOMPARE(int(SBatteryStatus::unpack(messages.first()).battery_remaining), 80);
-    QCOMPARE(SBatteryStatus::unpack(messages.first()).time_remaining, 0);
+    QCOMPARE(int(SBatteryStatus::Unpack(messages.first()).battery_remaining), 80);
+    QCOMPARE(SBatteryStatus::Unpack(messages.first()).time_remaining, 0);
 
     // Ids beyond one byte cannot be carried by version 1.
-    QCOMPARE(encoder.pack(SSkyKeyStatus()).magic, mavlink_message_t::MAGIC_V2);
+    QCOMPARE(encoder.Pack(SSkyKeyStatus()).magic, mavlink_message_t::MAGIC_V2);
 }
 
 void TestLmMavlinkCodec::sequenceCountsPerSender()
@@ -206,10 +206,10 @@ void TestLmMavlinkCodec::sequenceCountsPerSender()
     CLmMavlinkEncoder ground(255, 190);
     CLmMavlinkEncoder other(255, 191);
     for (int index = 0; index < 255; ++index)
-        QCOMPARE(int(ground.pack(SHeartbeat()).seq), index);
-    QCOMPARE(int(ground.pack(SHeartbeat()).seq), 255);
-    QCOMPARE(int(ground.pack(SHeartbeat()).seq), 0);
-    QCOMPARE(int(other.pack(SHeartbeat()).seq), 0);
+        QCOMPARE(int(ground.Pack(SHeartbeat()).seq), index);
+    QCOMPARE(int(ground.Pack(SHeartbeat()).seq), 255);
+    QCOMPARE(int(ground.Pack(SHeartbeat()).seq), 0);
+    QCOMPARE(int(other.Pack(SHeartbeat()).seq), 0);
 }
 
 void TestLmMavlinkCodec::frameSurvivesBadBytesBefore_data()
@@ -218,7 +218,7 @@ void TestLmMavlinkCodec::frameSurvivesBadBytesBefore_data()
     QTest::addColumn<bool>("checksumError");
 
     CLmMavlinkEncoder encoder(1, 1);
-    const QByteArray param = encoder.encode(paramValue("RTL_ALT", 120.0f));
+    const QByteArray param = encoder.Encode(paramValue("RTL_ALT", 120.0f));
     QByteArray corruptedChecksum = param;
     corruptedChecksum[corruptedChecksum.size() - 1] = char(corruptedChecksum.at(corruptedChecksum.size() - 1) ^ 0x5A);
     QByteArray corruptedPayload = param;
@@ -241,41 +241,41 @@ void TestLmMavlinkCodec::frameSurvivesBadBytesBefore()
     QFETCH(QByteArray, before);
     QFETCH(bool, checksumError);
     CLmMavlinkEncoder encoder(1, 1);
-    const QByteArray first = encoder.encode(knownHeartbeat());
-    const QByteArray second = encoder.encode(paramValue("GCS_TIMEOUT", 30.0f));
-    const QByteArray third = encoder.encode(logData(0));
+    const QByteArray first = encoder.Encode(knownHeartbeat());
+    const QByteArray second = encoder.Encode(paramValue("GCS_TIMEOUT", 30.0f));
+    const QByteArray third = encoder.Encode(logData(0));
 
     CLmMavlinkParser parser;
-    parser.feed(before + first + second + third);
-    parser.finish();
+    parser.Feed(before + first + second + third);
+    parser.Finish();
     mavlink_message_t message;
     QVector<mavlink_message_t> messages;
-    while (parser.next(message))
+    while (parser.Next(message))
         messages << message;
 
     QCOMPARE(idsOf(messages), (QVector<uint32_t>{MSG_ID_HEARTBEAT, MSG_ID_PARAM_VALUE, MSG_ID_LOG_DATA}));
     QCOMPARE(int(messages.first().seq), 0);
-    QCOMPARE(QByteArray(SParamValue::unpack(messages.at(1)).param_id), QByteArray("GCS_TIMEOUT"));
-    QVERIFY(parser.stats().droppedBytes > 0);
+    QCOMPARE(QByteArray(SParamValue::Unpack(messages.at(1)).param_id), QByteArray("GCS_TIMEOUT"));
+    QVERIFY(parser.Stats().droppedBytes > 0);
     if (checksumError)
-        QVERIFY(parser.stats().crcErrors > 0);
-    QCOMPARE(parser.stats().messages, uint64_t(3));
+        QVERIFY(parser.Stats().crcErrors > 0);
+    QCOMPARE(parser.Stats().messages, uint64_t(3));
 }
 
 void TestLmMavlinkCodec::cutOffFrameAtEndOfInputGivesWay()
 {
     CLmMavlinkEncoder encoder(1, 1);
-    const QByteArray cutOff = encoder.encode(logData(0)).left(20);
+    const QByteArray cutOff = encoder.Encode(logData(0)).left(20);
     CLmMavlinkParser parser;
     // The cut-off frame claims more bytes than follow, so the parser waits...
-    QVERIFY(parser.parse(cutOff + KNOWN_HEARTBEAT_V2).isEmpty());
+    QVERIFY(parser.Parse(cutOff + KNOWN_HEARTBEAT_V2).isEmpty());
     // ...until the input is declared finished.
-    parser.finish();
+    parser.Finish();
     mavlink_message_t message;
-    QVERIFY(parser.next(message));
+    QVERIFY(parser.Next(message));
     QCOMPARE(message.msgid, MSG_ID_HEARTBEAT);
-    QVERIFY(!parser.next(message));
-    QCOMPARE(parser.bufferedBytes(), std::size_t(0));
+    QVERIFY(!parser.Next(message));
+    QCOMPARE(parser.BufferedBytes(), std::size_t(0));
 }
 
 void TestLmMavlinkCodec::unknownMessageIsSkippedWhole()
@@ -283,11 +283,11 @@ void TestLmMavlinkCodec::unknownMessageIsSkippedWhole()
     // Payload full of frame-start bytes: skipping byte by byte would find them.
     const QByteArray unknown = handMadeFrameV2(0xABCDE, QByteArray::fromHex("fdfefd09000000"), 0);
     CLmMavlinkParser parser;
-    const QVector<mavlink_message_t> messages = parser.parse(unknown + KNOWN_HEARTBEAT_V2);
+    const QVector<mavlink_message_t> messages = parser.Parse(unknown + KNOWN_HEARTBEAT_V2);
     QCOMPARE(idsOf(messages), QVector<uint32_t>{MSG_ID_HEARTBEAT});
-    QCOMPARE(parser.stats().unknownMessages, uint64_t(1));
-    QCOMPARE(parser.stats().droppedBytes, uint64_t(0));
-    QCOMPARE(parser.stats().crcErrors, uint64_t(0));
+    QCOMPARE(parser.Stats().unknownMessages, uint64_t(1));
+    QCOMPARE(parser.Stats().droppedBytes, uint64_t(0));
+    QCOMPARE(parser.Stats().crcErrors, uint64_t(0));
 }
 
 void TestLmMavlinkCodec::versionsMix()
@@ -295,32 +295,32 @@ void TestLmMavlinkCodec::versionsMix()
     QVector<uint32_t> expected;
     const QByteArray stream = mixedStream(expected);
     CLmMavlinkParser parser;
-    const QVector<mavlink_message_t> messages = parser.parse(stream);
+    const QVector<mavlink_message_t> messages = parser.Parse(stream);
     QCOMPARE(idsOf(messages), expected);
     QCOMPARE(messages.at(1).magic, mavlink_message_t::MAGIC_V1);
     QCOMPARE(int(messages.at(1).compid), 68);
-    QCOMPARE(SLogData::unpack(messages.at(8)).ofs, 90u);
-    QCOMPARE(parser.stats().droppedBytes + parser.stats().crcErrors, uint64_t(0));
+    QCOMPARE(SLogData::Unpack(messages.at(8)).ofs, 90u);
+    QCOMPARE(parser.Stats().droppedBytes + parser.Stats().crcErrors, uint64_t(0));
 }
 
 void TestLmMavlinkCodec::signedFrameParses()
 {
     const QByteArray signature = QByteArray::fromHex("07" "010203040506" "a1a2a3a4a5a6");
     uint8_t payload[SHeartbeat::MAX_LENGTH];
-    knownHeartbeat().pack(payload);
+    knownHeartbeat().Pack(payload);
     const QByteArray frame =
         handMadeFrameV2(MSG_ID_HEARTBEAT, QByteArray(reinterpret_cast<const char*>(payload), sizeof payload),
                         SHeartbeat::CRC_EXTRA, mavlink_message_t::INCOMPAT_FLAG_SIGNED, signature);
 
     CLmMavlinkParser parser;
-    const QVector<mavlink_message_t> messages = parser.parse(frame + KNOWN_HEARTBEAT_V2);
+    const QVector<mavlink_message_t> messages = parser.Parse(frame + KNOWN_HEARTBEAT_V2);
     QCOMPARE(messages.size(), 2);
-    QVERIFY(messages.first().isSigned());
-    QVERIFY(!messages.last().isSigned());
+    QVERIFY(messages.first().IsSigned());
+    QVERIFY(!messages.last().IsSigned());
     QCOMPARE(QByteArray(reinterpret_cast<const char*>(messages.first().signature), 13), signature);
-    QCOMPARE(SHeartbeat::unpack(messages.first()).custom_mode, 4u);
-    QCOMPARE(parser.stats().droppedBytes, uint64_t(0));
-    QCOMPARE(CLmMavlinkEncoder::serialize(messages.first()), frame);
+    QCOMPARE(SHeartbeat::Unpack(messages.first()).custom_mode, 4u);
+    QCOMPARE(parser.Stats().droppedBytes, uint64_t(0));
+    QCOMPARE(CLmMavlinkEncoder::Serialize(messages.first()), frame);
 }
 
 void TestLmMavlinkCodec::reusedMessageIsZeroExtended()
@@ -333,14 +333,14 @@ void TestLmMavlinkCodec::reusedMessageIsZeroExtended()
     sparse.current_consumed = 5; // first wire field: one payload byte
 
     CLmMavlinkParser parser;
-    parser.feed(encoder.encode(full) + encoder.encode(sparse));
+    parser.Feed(encoder.Encode(full) + encoder.Encode(sparse));
     mavlink_message_t message;
-    QVERIFY(parser.next(message));
-    QVERIFY(parser.next(message)); // same object, shorter payload
+    QVERIFY(parser.Next(message));
+    QVERIFY(parser.Next(message)); // same object, shorter payload
     QCOMPARE(int(message.len), 1);
     for (int index = message.len; index < SBatteryStatus::MAX_LENGTH; ++index)
         QCOMPARE(int(message.payload[index]), 0);
-    QCOMPARE(SBatteryStatus::unpack(message).fault_bitmask, 0u);
+    QCOMPARE(SBatteryStatus::Unpack(message).fault_bitmask, 0u);
 }
 
 void TestLmMavlinkCodec::chunkedDeliveryGivesSameMessages_data()
@@ -358,7 +358,7 @@ void TestLmMavlinkCodec::chunkedDeliveryGivesSameMessages()
     const QByteArray stream = QByteArray::fromHex("0102fd03") + mixedStream(expected);
 
     CLmMavlinkParser whole;
-    const QVector<mavlink_message_t> reference = whole.parse(stream);
+    const QVector<mavlink_message_t> reference = whole.Parse(stream);
     QCOMPARE(idsOf(reference), expected);
 
     CLmMavlinkParser chunked;
@@ -366,12 +366,12 @@ void TestLmMavlinkCodec::chunkedDeliveryGivesSameMessages()
     QRandomGenerator random(7);
     for (int position = 0; position < stream.size();) {
         const int size = 1 + int(random.bounded(maxChunk));
-        received += chunked.parse(stream.mid(position, size));
+        received += chunked.Parse(stream.mid(position, size));
         position += size;
     }
     QCOMPARE(received.size(), reference.size());
     for (int index = 0; index < received.size(); ++index)
-        QCOMPARE(CLmMavlinkEncoder::serialize(received.at(index)), CLmMavlinkEncoder::serialize(reference.at(index)));
+        QCOMPARE(CLmMavlinkEncoder::Serialize(received.at(index)), CLmMavlinkEncoder::Serialize(reference.at(index)));
 }
 
 void TestLmMavlinkCodec::parsedFrameSerialisesToSameBytes_data()
@@ -380,18 +380,18 @@ void TestLmMavlinkCodec::parsedFrameSerialisesToSameBytes_data()
     CLmMavlinkEncoder encoder(3, 4);
     QTest::newRow("known v2") << KNOWN_HEARTBEAT_V2;
     QTest::newRow("known v1") << KNOWN_HEARTBEAT_V1;
-    QTest::newRow("log data") << encoder.encode(logData(900));
-    QTest::newRow("dialect message") << encoder.encode(SSkyParachuteNotice{81, 3, 78});
+    QTest::newRow("log data") << encoder.Encode(logData(900));
+    QTest::newRow("dialect message") << encoder.Encode(SSkyParachuteNotice{81, 3, 78});
 }
 
 void TestLmMavlinkCodec::parsedFrameSerialisesToSameBytes()
 {
     QFETCH(QByteArray, frame);
     CLmMavlinkParser parser;
-    const QVector<mavlink_message_t> messages = parser.parse(frame);
+    const QVector<mavlink_message_t> messages = parser.Parse(frame);
     QCOMPARE(messages.size(), 1);
-    QCOMPARE(CLmMavlinkEncoder::serialize(messages.first()), frame);
-    QCOMPARE(int(messages.first().frameLength()), frame.size());
+    QCOMPARE(CLmMavlinkEncoder::Serialize(messages.first()), frame);
+    QCOMPARE(int(messages.first().FrameLength()), frame.size());
 }
 
 QTEST_GUILESS_MAIN(TestLmMavlinkCodec)

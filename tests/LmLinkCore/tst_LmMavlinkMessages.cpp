@@ -23,7 +23,7 @@ template <typename TMessage>
 QByteArray packed(const TMessage& message)
 {
     uint8_t wire[TMessage::MAX_LENGTH];
-    message.pack(wire);
+    message.Pack(wire);
     return QByteArray(reinterpret_cast<const char*>(wire), TMessage::MAX_LENGTH);
 }
 
@@ -32,13 +32,13 @@ template <typename TMessage>
 QByteArray roundTrip(const QByteArray& payload, CLmMavlinkEncoder::EVersion version)
 {
     const TMessage original =
-        TMessage::unpack(reinterpret_cast<const uint8_t*>(payload.constData()), static_cast<std::size_t>(payload.size()));
+        TMessage::Unpack(reinterpret_cast<const uint8_t*>(payload.constData()), static_cast<std::size_t>(payload.size()));
     CLmMavlinkEncoder encoder(7, 42, version);
     CLmMavlinkParser parser;
-    const QVector<mavlink_message_t> received = parser.parse(encoder.encode(original));
+    const QVector<mavlink_message_t> received = parser.Parse(encoder.Encode(original));
     if (received.size() != 1 || received.first().msgid != TMessage::MSG_ID)
         return QByteArray("no frame");
-    return packed(TMessage::unpack(received.first()));
+    return packed(TMessage::Unpack(received.first()));
 }
 
 template <typename... TMessages>
@@ -130,10 +130,10 @@ void TestLmMavlinkMessages::crcExtraMatchesPublishedValue()
 {
     QFETCH(QString, name);
     QFETCH(int, crcExtra);
-    const SMessageInfo* info = findMessageInfo(name.toLatin1().constData());
+    const SMessageInfo* info = FindMessageInfo(name.toLatin1().constData());
     QVERIFY(info);
     QCOMPARE(int(info->crcExtra), crcExtra);
-    QCOMPARE(findMessageInfo(info->msgid), info);
+    QCOMPARE(FindMessageInfo(info->msgid), info);
 }
 
 void TestLmMavlinkMessages::x25MatchesBitwiseDefinition_data()
@@ -149,12 +149,12 @@ void TestLmMavlinkMessages::x25MatchesBitwiseDefinition()
 {
     QFETCH(QByteArray, data);
     const auto* bytes = reinterpret_cast<const uint8_t*>(data.constData());
-    QCOMPARE(CLmMavlinkCrc::compute(bytes, static_cast<std::size_t>(data.size())), bitwiseX25(data));
+    QCOMPARE(CLmMavlinkCrc::Compute(bytes, static_cast<std::size_t>(data.size())), bitwiseX25(data));
     if (data == "123456789")
-        QCOMPARE(CLmMavlinkCrc::compute(bytes, 9), uint16_t(0x6F91));
+        QCOMPARE(CLmMavlinkCrc::Compute(bytes, 9), uint16_t(0x6F91));
     uint16_t byteWise = CLmMavlinkCrc::INITIAL;
     for (const char byte : data)
-        byteWise = CLmMavlinkCrc::accumulate(byteWise, static_cast<uint8_t>(byte));
+        byteWise = CLmMavlinkCrc::Accumulate(byteWise, static_cast<uint8_t>(byte));
     QCOMPARE(byteWise, bitwiseX25(data));
 }
 
@@ -176,7 +176,7 @@ void TestLmMavlinkMessages::payloadLengths()
     QFETCH(QString, name);
     QFETCH(int, minLength);
     QFETCH(int, maxLength);
-    const SMessageInfo* info = findMessageInfo(name.toLatin1().constData());
+    const SMessageInfo* info = FindMessageInfo(name.toLatin1().constData());
     QVERIFY(info);
     QCOMPARE(int(info->minLength), minLength);
     QCOMPARE(int(info->maxLength), maxLength);
@@ -205,7 +205,7 @@ void TestLmMavlinkMessages::fieldsAreInWireOrder()
     QFETCH(QString, field);
     QFETCH(int, offset);
     QFETCH(bool, extension);
-    const SMessageInfo* info = findMessageInfo(message.toLatin1().constData());
+    const SMessageInfo* info = FindMessageInfo(message.toLatin1().constData());
     QVERIFY(info);
     const SFieldInfo* found = ::field(*info, field.toLatin1().constData());
     QVERIFY(found);
@@ -215,8 +215,8 @@ void TestLmMavlinkMessages::fieldsAreInWireOrder()
 
 void TestLmMavlinkMessages::everyDialectMessageIsExercised()
 {
-    for (std::size_t index = 0; index < messageInfoCount(); ++index) {
-        const SMessageInfo& info = messageInfoAt(index);
+    for (std::size_t index = 0; index < MessageInfoCount(); ++index) {
+        const SMessageInfo& info = MessageInfoAt(index);
         if (QByteArray(info.name).startsWith("SKY_"))
             QVERIFY2(usedMessages().count(info.msgid), info.name);
     }
@@ -228,7 +228,7 @@ void TestLmMavlinkMessages::usedMessageRoundTrips_data()
     QTest::addColumn<QByteArray>("payload");
     QRandomGenerator random(42);
     for (const auto& entry : usedMessages()) {
-        const SMessageInfo* info = findMessageInfo(entry.first);
+        const SMessageInfo* info = FindMessageInfo(entry.first);
         const QByteArray full = randomBytes(random, info->maxLength);
         QTest::addRow("%s random", info->name) << entry.first << full;
         // Trailing zeros are cut off on the wire and must come back as zeros.
@@ -245,7 +245,7 @@ void TestLmMavlinkMessages::usedMessageRoundTrips()
     QCOMPARE(trip(payload, CLmMavlinkEncoder::EVersion::V2), payload);
     if (msgid <= 0xFF) {
         // Version 1 frames carry no extension fields.
-        const SMessageInfo* info = findMessageInfo(msgid);
+        const SMessageInfo* info = FindMessageInfo(msgid);
         QByteArray withoutExtensions = payload;
         withoutExtensions.fill('\0').replace(0, info->minLength, payload.left(info->minLength));
         QCOMPARE(trip(payload, CLmMavlinkEncoder::EVersion::V1), withoutExtensions);
@@ -268,7 +268,7 @@ void TestLmMavlinkMessages::paramValueFieldsLandAtTheirOffsets()
     QCOMPARE(wire.mid(8, 11), QByteArray("GCS_TIMEOUT"));
     QCOMPARE(int(wire.at(24)), int(MAV_PARAM_TYPE_REAL32));
 
-    const SParamValue back = SParamValue::unpack(reinterpret_cast<const uint8_t*>(wire.constData()), 25);
+    const SParamValue back = SParamValue::Unpack(reinterpret_cast<const uint8_t*>(wire.constData()), 25);
     QCOMPARE(QByteArray(back.param_id, 16), QByteArray(value.param_id, 16));
     QCOMPARE(back.param_index, uint16_t(0x0304));
 }

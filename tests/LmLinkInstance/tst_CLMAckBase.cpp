@@ -30,9 +30,9 @@ public:
     void Disconnect() override {}
     void WriteBytes(const QByteArray& bytes) override
     {
-        for (const mavlink_message_t& message : m_parser.parse(bytes)) {
+        for (const mavlink_message_t& message : m_parser.Parse(bytes)) {
             if (message.msgid == MSG_ID_COMMAND_LONG)
-                m_commands << SCommandLong::unpack(message);
+                m_commands << SCommandLong::Unpack(message);
         }
     }
 
@@ -70,7 +70,7 @@ public:
     template <typename TMessage>
     mavlink_message_t Frame(const TMessage& message)
     {
-        return m_encoder.pack(message);
+        return m_encoder.Pack(message);
     }
 
     mavlink_message_t Ack(int command, int result)

@@ -67,8 +67,8 @@ void CSimGroundStation::Write(const QByteArray& bytes)
 
 void CSimGroundStation::Consume(const QByteArray& bytes)
 {
-    m_parser.feed(bytes);
+    m_parser.Feed(bytes);
     mavlink_message_t message;
-    while (m_parser.next(message))
+    while (m_parser.Next(message))
         m_received.append(message);
 }

@@ -32,7 +32,7 @@ public:
     template <typename TMessage>
     void Send(const TMessage& message)
     {
-        Write(m_encoder.encode(message));
+        Write(m_encoder.Encode(message));
     }
 
     const QVector<mavlink_message_t>& Received() const { return m_received; }

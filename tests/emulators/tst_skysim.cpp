@@ -125,10 +125,10 @@ void TestSkySim::heartbeatAndStatusListPerAirframe()
 
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_HEARTBEAT) >= 1, kReplyTimeoutMs);
     const mavlink_message_t frame = ground.ReceivedOf(MSG_ID_HEARTBEAT).first();
-    QVERIFY(!frame.isVersion1());
+    QVERIFY(!frame.IsVersion1());
     QCOMPARE(frame.sysid, uint8_t(7));
     QCOMPARE(frame.compid, uint8_t(1));
-    const SHeartbeat heartbeat = SHeartbeat::unpack(frame);
+    const SHeartbeat heartbeat = SHeartbeat::Unpack(frame);
     QCOMPARE(int(heartbeat.type), mavType);
     QCOMPARE(int(heartbeat.autopilot), int(MAV_AUTOPILOT_GENERIC));
     QCOMPARE(ground.CountOf(uint32_t(statusId)), 0);
@@ -166,7 +166,7 @@ void TestSkySim::commandResults()
 
     ground.Send(Command(uint16_t(command), param1));
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_COMMAND_ACK) == 1, kReplyTimeoutMs);
-    const SCommandAck ack = SCommandAck::unpack(ground.ReceivedOf(MSG_ID_COMMAND_ACK).first());
+    const SCommandAck ack = SCommandAck::Unpack(ground.ReceivedOf(MSG_ID_COMMAND_ACK).first());
     QCOMPARE(int(ack.command), command);
     QCOMPARE(int(ack.result), result);
     QCOMPARE(ack.target_system, CSimGroundStation::SYSTEM_ID);
@@ -186,12 +186,12 @@ void TestSkySim::parameterSetIsReadBack()
     set.param_type = MAV_PARAM_TYPE_UINT16;
     ground.Send(set);
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_PARAM_VALUE) == 1, kReplyTimeoutMs);
-    QCOMPARE(SParamValue::unpack(ground.ReceivedOf(MSG_ID_PARAM_VALUE).first()).param_value, 45.0f);
+    QCOMPARE(SParamValue::Unpack(ground.ReceivedOf(MSG_ID_PARAM_VALUE).first()).param_value, 45.0f);
 
     ground.Clear();
     ground.Send(ReadParameter("GCS_TIMEOUT"));
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_PARAM_VALUE) == 1, kReplyTimeoutMs);
-    const SParamValue value = SParamValue::unpack(ground.ReceivedOf(MSG_ID_PARAM_VALUE).first());
+    const SParamValue value = SParamValue::Unpack(ground.ReceivedOf(MSG_ID_PARAM_VALUE).first());
     QCOMPARE(fieldText(value.param_id), QStringLiteral("GCS_TIMEOUT"));
     QCOMPARE(value.param_value, 45.0f);
 
@@ -224,7 +224,7 @@ void TestSkySim::logListAndFullDownloadMatchByteForByte()
     list.end = 0xFFFF;
     ground.Send(list);
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_LOG_ENTRY) == 2, kReplyTimeoutMs);
-    const SLogEntry last = SLogEntry::unpack(ground.ReceivedOf(MSG_ID_LOG_ENTRY).last());
+    const SLogEntry last = SLogEntry::Unpack(ground.ReceivedOf(MSG_ID_LOG_ENTRY).last());
     QCOMPARE(last.id, uint16_t(2));
     QCOMPARE(last.num_logs, uint16_t(2));
     QCOMPARE(last.last_log_num, uint16_t(2));
@@ -240,12 +240,12 @@ void TestSkySim::logListAndFullDownloadMatchByteForByte()
 
     QByteArray downloaded(int(kSize), '\0');
     for (const mavlink_message_t& frame : ground.ReceivedOf(MSG_ID_LOG_DATA)) {
-        const SLogData data = SLogData::unpack(frame);
+        const SLogData data = SLogData::Unpack(frame);
         QCOMPARE(data.id, uint16_t(2));
         QVERIFY(data.ofs + data.count <= kSize);
         std::copy(data.data, data.data + data.count, downloaded.begin() + int(data.ofs));
     }
-    const SLogData lastPacket = SLogData::unpack(ground.ReceivedOf(MSG_ID_LOG_DATA).last());
+    const SLogData lastPacket = SLogData::Unpack(ground.ReceivedOf(MSG_ID_LOG_DATA).last());
     QCOMPARE(lastPacket.ofs + lastPacket.count, kSize);
     QVERIFY(downloaded == ExpectedLog(2, kSize));
     QVERIFY(downloaded != ExpectedLog(1, kSize));
@@ -265,7 +265,7 @@ void TestSkySim::logEraseEmptiesTheList()
     list.end = 0xFFFF;
     ground.Send(list);
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_LOG_ENTRY) == 1, kReplyTimeoutMs);
-    const SLogEntry entry = SLogEntry::unpack(ground.ReceivedOf(MSG_ID_LOG_ENTRY).first());
+    const SLogEntry entry = SLogEntry::Unpack(ground.ReceivedOf(MSG_ID_LOG_ENTRY).first());
     QCOMPARE(entry.num_logs, uint16_t(0));
     QCOMPARE(entry.last_log_num, uint16_t(0));
 }
@@ -281,12 +281,12 @@ void TestSkySim::batteryRequestCarriesExtensionCells()
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_SMART_BATTERY_INFO) >= 2, kReplyTimeoutMs);
     const QVector<mavlink_message_t> batteries = ground.ReceivedOf(MSG_ID_BATTERY_STATUS);
     QCOMPARE(batteries.size(), 2);
-    const SBatteryStatus second = SBatteryStatus::unpack(batteries.at(1));
+    const SBatteryStatus second = SBatteryStatus::Unpack(batteries.at(1));
     QCOMPARE(second.id, uint8_t(1));
     QVERIFY(second.voltages[9] > 3000 && second.voltages[9] < 4400);
     QVERIFY(second.voltages_ext[0] > 3000 && second.voltages_ext[1] > 3000);
     QCOMPARE(second.voltages_ext[2], uint16_t(0));
-    const SSmartBatteryInfo info = SSmartBatteryInfo::unpack(ground.ReceivedOf(MSG_ID_SMART_BATTERY_INFO).first());
+    const SSmartBatteryInfo info = SSmartBatteryInfo::Unpack(ground.ReceivedOf(MSG_ID_SMART_BATTERY_INFO).first());
     QVERIFY(info.capacity_full > 0 && info.capacity_full <= info.capacity_full_specification);
     QVERIFY(!fieldText(info.serial_number).isEmpty());
 }
@@ -301,7 +301,7 @@ void TestSkySim::parachuteCountAndRopeReset()
     count.target_system = 1;
     ground.Send(count);
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_SKY_PARACHUTE_NOTICE) == 1, kReplyTimeoutMs);
-    SSkyParachuteNotice notice = SSkyParachuteNotice::unpack(ground.ReceivedOf(MSG_ID_SKY_PARACHUTE_NOTICE).last());
+    SSkyParachuteNotice notice = SSkyParachuteNotice::Unpack(ground.ReceivedOf(MSG_ID_SKY_PARACHUTE_NOTICE).last());
     QCOMPARE(notice.open_count, 85u);
     QCOMPARE(notice.rope_use_count, uint16_t(85));
 
@@ -310,10 +310,10 @@ void TestSkySim::parachuteCountAndRopeReset()
     ground.Send(reset);
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_SKY_PARACHUTE_NOTICE) == 2, kReplyTimeoutMs);
     const SSkyParachuteRopeResetAck ack =
-        SSkyParachuteRopeResetAck::unpack(ground.ReceivedOf(MSG_ID_SKY_PARACHUTE_ROPE_RESET_ACK).first());
+        SSkyParachuteRopeResetAck::Unpack(ground.ReceivedOf(MSG_ID_SKY_PARACHUTE_ROPE_RESET_ACK).first());
     QCOMPARE(int(ack.result), int(MAV_RESULT_ACCEPTED));
     QCOMPARE(ack.open_count_at_rope_reset, 85u);
-    notice = SSkyParachuteNotice::unpack(ground.ReceivedOf(MSG_ID_SKY_PARACHUTE_NOTICE).last());
+    notice = SSkyParachuteNotice::Unpack(ground.ReceivedOf(MSG_ID_SKY_PARACHUTE_NOTICE).last());
     QCOMPARE(notice.open_count, 85u);
     QCOMPARE(notice.rope_use_count, uint16_t(0));
 }
@@ -335,7 +335,7 @@ void TestSkySim::ackOnRetryAnswersOnlyTheSecondCopy()
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_AUTOPILOT_VERSION) == 1, kReplyTimeoutMs);
     QCOMPARE(ground.CountOf(MSG_ID_COMMAND_ACK), 1);
     QVERIFY(ground.IndexOf(MSG_ID_COMMAND_ACK) < ground.IndexOf(MSG_ID_AUTOPILOT_VERSION));
-    const SAutopilotVersion version = SAutopilotVersion::unpack(ground.ReceivedOf(MSG_ID_AUTOPILOT_VERSION).first());
+    const SAutopilotVersion version = SAutopilotVersion::Unpack(ground.ReceivedOf(MSG_ID_AUTOPILOT_VERSION).first());
     QCOMPARE(version.flight_sw_version, (3u << 24) | (1u << 16) | (4u << 8) | FIRMWARE_VERSION_TYPE_OFFICIAL);
 
     // The next command starts over: its first copy is ignored again.
@@ -410,7 +410,7 @@ void TestSkySim::serialLineOverPtyPair()
     CSimGroundStation ground;
     QVERIFY(ground.OpenSerial(ptys.at(1)));
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_HEARTBEAT) >= 1, kReplyTimeoutMs);
-    QCOMPARE(int(SHeartbeat::unpack(ground.ReceivedOf(MSG_ID_HEARTBEAT).first()).type), int(MAV_TYPE_QUADROTOR));
+    QCOMPARE(int(SHeartbeat::Unpack(ground.ReceivedOf(MSG_ID_HEARTBEAT).first()).type), int(MAV_TYPE_QUADROTOR));
     QVERIFY(RoundTrip(ground));
     QVERIFY(process.Stop());
     socat.terminate();

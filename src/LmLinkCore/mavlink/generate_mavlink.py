@@ -5,7 +5,7 @@ Usage: generate_mavlink.py DIALECT_XML OUTPUT_DIR
 
 Reads the dialect and every file it includes, then writes into OUTPUT_DIR:
   LmMavlinkEnums.h         one enum per XML enum
-  LmMavlinkMessages.h/.cpp one struct per message with pack()/unpack()
+  LmMavlinkMessages.h/.cpp one struct per message with Pack()/Unpack()
   LmMavlinkMessageInfo.cpp field layout, CRC_EXTRA and lengths for lookup
 Only the Python standard library is used.
 """
@@ -216,22 +216,22 @@ def write_messages_header(definitions, out):
         for field in message.fields:
             out.write(member_declaration(field, definitions.version or 0))
         out.write("\n    // Writes MAX_LENGTH bytes in wire order.\n")
-        out.write("    void pack(uint8_t* payload) const;\n")
+        out.write("    void Pack(uint8_t* payload) const;\n")
         out.write("    // Reads a payload of any length; missing trailing bytes read as zero.\n")
-        out.write("    static %s unpack(const uint8_t* payload, std::size_t length);\n" % message.struct_name)
-        out.write("    static %s unpack(const mavlink_message_t& message)\n" % message.struct_name)
-        out.write("    {\n        return unpack(message.payload, message.len);\n    }\n")
+        out.write("    static %s Unpack(const uint8_t* payload, std::size_t length);\n" % message.struct_name)
+        out.write("    static %s Unpack(const mavlink_message_t& message)\n" % message.struct_name)
+        out.write("    {\n        return Unpack(message.payload, message.len);\n    }\n")
         out.write("};\n\n")
     out.write("} // namespace LmMavlink\n")
 
 
 def write_messages_source(definitions, out):
-    out.write(header_banner("message pack/unpack"))
+    out.write(header_banner("message Pack/Unpack"))
     out.write("#include \"LmMavlinkMessages.h\"\n\n#include <algorithm>\n#include <cstring>\n\n")
     out.write("namespace LmMavlink {\n\n")
     for message in definitions.messages:
         struct = message.struct_name
-        out.write("void %s::pack(uint8_t* payload) const\n{\n" % struct)
+        out.write("void %s::Pack(uint8_t* payload) const\n{\n" % struct)
         if not message.wire_fields:
             out.write("    (void)payload;\n")
         for field in message.wire_fields:
@@ -239,7 +239,7 @@ def write_messages_source(definitions, out):
             source = ("this->" if field.array_length else "&this->") + field.member
             out.write("    std::memcpy(payload + %d, %s, %d);\n" % (field.offset, source, field.wire_size))
         out.write("}\n\n")
-        out.write("%s %s::unpack(const uint8_t* payload, std::size_t length)\n{\n" % (struct, struct))
+        out.write("%s %s::Unpack(const uint8_t* payload, std::size_t length)\n{\n" % (struct, struct))
         out.write("    uint8_t wire[MAX_LENGTH] = {};\n")
         out.write("    std::memcpy(wire, payload, std::min<std::size_t>(length, MAX_LENGTH));\n")
         out.write("    %s message;\n" % struct)
@@ -270,26 +270,26 @@ def write_message_info(definitions, out):
             message.msgid, cpp_string(message.name), message.crc_extra, message.min_length,
             message.max_length, len(message.wire_fields), fields))
     out.write("};\n\n} // namespace\n\n")
-    out.write("""const SMessageInfo* findMessageInfo(uint32_t msgid)
+    out.write("""const SMessageInfo* FindMessageInfo(uint32_t msgid)
 {
     const auto found = std::lower_bound(std::begin(MESSAGES), std::end(MESSAGES), msgid,
                                         [](const SMessageInfo& info, uint32_t id) { return info.msgid < id; });
     return found != std::end(MESSAGES) && found->msgid == msgid ? found : nullptr;
 }
 
-const SMessageInfo* findMessageInfo(const char* name)
+const SMessageInfo* FindMessageInfo(const char* name)
 {
     const auto found = std::find_if(std::begin(MESSAGES), std::end(MESSAGES),
                                     [name](const SMessageInfo& info) { return std::strcmp(info.name, name) == 0; });
     return found != std::end(MESSAGES) ? found : nullptr;
 }
 
-std::size_t messageInfoCount()
+std::size_t MessageInfoCount()
 {
     return std::size(MESSAGES);
 }
 
-const SMessageInfo& messageInfoAt(std::size_t index)
+const SMessageInfo& MessageInfoAt(std::size_t index)
 {
     return MESSAGES[index];
 }
