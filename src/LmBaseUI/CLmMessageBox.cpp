@@ -27,7 +27,7 @@ void CLmMessageBox::BuildContent(const QString& iconPath)
     const QPixmap icon(iconPath);
     if (icon.isNull()) {
         if (!iconPath.isEmpty())
-            qCWarning(lcBaseUI) << "message box icon not found:" << iconPath;
+            qCWarning(lcMessageBox) << "message box icon not found:" << iconPath;
         m_pLabelIcon->hide();
     } else {
         m_pLabelIcon->setPixmap(icon);

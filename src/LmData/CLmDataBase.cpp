@@ -1,14 +1,13 @@
 #include "CLmDataBase.h"
 
+#include "LmDataLog.h"
+
 #include <QAtomicInteger>
 #include <QFile>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QThread>
-
-Q_LOGGING_CATEGORY(lcDataBase, "sky.data.database")
 
 namespace {
 

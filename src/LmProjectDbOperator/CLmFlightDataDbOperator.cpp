@@ -1,18 +1,16 @@
 #include "CLmFlightDataDbOperator.h"
 
+#include "CLmClock.h"
 #include "CLmControl.h"
 #include "CLmFlightDataWriter.h"
 #include "CLmUpLoadObject.h"
-#include "CLmClock.h"
 #include "LmConstants.h"
+#include "LmProjectDbOperatorLog.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLoggingCategory>
-
-Q_LOGGING_CATEGORY(lcFlightData, "sky.projectdb.flightdata")
 
 namespace {
 

@@ -1,13 +1,11 @@
 #include "CLmTransferObject.h"
 
 #include "CLmHttpSender.h"
+#include "LmProjectDbOperatorLog.h"
 
 #include <QJsonDocument>
-#include <QLoggingCategory>
 #include <QNetworkReply>
 #include <QNetworkRequest>
-
-Q_LOGGING_CATEGORY(lcTransfer, "sky.projectdb.transfer")
 
 namespace {
 
