@@ -111,11 +111,6 @@ QSqlDatabase& CLmDataBase::Database()
     return m_db;
 }
 
-QString CLmDataBase::FilePath() const
-{
-    return m_strFilePath;
-}
-
 QString CLmDataBase::LastError() const
 {
     return m_strLastError;
