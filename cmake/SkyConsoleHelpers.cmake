@@ -1,5 +1,18 @@
 # Helpers shared by every target of the tree.
 
+# sky_add_subdirectories(DIR...)
+# Adds each folder below the current source folder; a listed folder without
+# a CMakeLists.txt stops the configuration instead of leaving a part of the
+# tree out of the build unnoticed.
+function(sky_add_subdirectories)
+  foreach(dir ${ARGN})
+    if(NOT EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${dir}/CMakeLists.txt)
+      message(FATAL_ERROR "${CMAKE_CURRENT_SOURCE_DIR}/${dir}/CMakeLists.txt is missing")
+    endif()
+    add_subdirectory(${dir})
+  endforeach()
+endfunction()
+
 # sky_add_library(NAME SOURCES... [PUBLIC_LINKS ...] [PRIVATE_LINKS ...])
 # A static platform library with its own folder as include root and an alias
 # Sky::NAME. Static keeps the exported surface of the UI library the only

@@ -1,14 +1,13 @@
 #include "CLmDeployConfig.h"
 
+#include "LmAlgorthmLog.h"
+
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QMutex>
 #include <QSettings>
 #include <QStandardPaths>
 
 #include <memory>
-
-Q_LOGGING_CATEGORY(lcDeploy, "sky.algorthm.deploy")
 
 namespace {
 

@@ -68,11 +68,6 @@ void CLmBaseDialog::SetTitle(const QString& title)
     setWindowTitle(title);
 }
 
-QString CLmBaseDialog::Title() const
-{
-    return m_pLabelTitle->text();
-}
-
 QWidget* CLmBaseDialog::ContentWidget() const
 {
     return m_pContentWgt;

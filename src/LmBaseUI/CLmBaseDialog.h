@@ -17,7 +17,6 @@ public:
     explicit CLmBaseDialog(QWidget* parent = nullptr);
 
     void SetTitle(const QString& title);
-    QString Title() const;
 
     QWidget* ContentWidget() const;
     // Takes ownership of layout and installs it on the content area.

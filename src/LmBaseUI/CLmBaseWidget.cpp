@@ -1,7 +1,5 @@
 #include "CLmBaseWidget.h"
 
-#include "CLmWindowDragger.h"
-
 #include <QPainter>
 #include <QStyleOption>
 
@@ -9,11 +7,6 @@ CLmBaseWidget::CLmBaseWidget(QWidget* parent)
     : QWidget(parent)
 {
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
-}
-
-void CLmBaseWidget::SetDragHandle(QWidget* handle)
-{
-    new CLmWindowDragger(handle);
 }
 
 void CLmBaseWidget::paintEvent(QPaintEvent* event)

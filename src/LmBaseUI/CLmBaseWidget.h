@@ -13,8 +13,5 @@ public:
     explicit CLmBaseWidget(QWidget* parent = nullptr);
 
 protected:
-    // Dragging handle with the left button moves the whole window.
-    void SetDragHandle(QWidget* handle);
-
     void paintEvent(QPaintEvent* event) override;
 };

@@ -15,7 +15,7 @@ CLmMessageBox::CLmMessageBox(const QString& text, const QString& iconPath, const
     setObjectName(QStringLiteral("CLmMessageBox"));
     SetTitle(title.isEmpty() ? tr("SkyConsole") : title);
     BuildContent(iconPath);
-    SetText(text);
+    m_pLabelText->setText(text);
     m_pBtnCancel->setVisible(buttons == BtnOkCancel);
     setMinimumWidth(380);
 }
@@ -27,7 +27,7 @@ void CLmMessageBox::BuildContent(const QString& iconPath)
     const QPixmap icon(iconPath);
     if (icon.isNull()) {
         if (!iconPath.isEmpty())
-            qCWarning(lcBaseUI) << "message box icon not found:" << iconPath;
+            qCWarning(lcMessageBox) << "message box icon not found:" << iconPath;
         m_pLabelIcon->hide();
     } else {
         m_pLabelIcon->setPixmap(icon);
@@ -75,11 +75,6 @@ void CLmMessageBox::SetBtnHidden(bool bHideOk, bool bHideCancel, bool bHideClose
     m_pBtnOk->setHidden(bHideOk);
     m_pBtnCancel->setHidden(bHideCancel);
     CloseButton()->setHidden(bHideClose);
-}
-
-void CLmMessageBox::SetText(const QString& text)
-{
-    m_pLabelText->setText(text);
 }
 
 QString CLmMessageBox::Text() const

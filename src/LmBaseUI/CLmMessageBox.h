@@ -19,7 +19,6 @@ public:
                   EMsgButtons buttons = BtnOkCancel, QWidget* parent = nullptr);
 
     void SetBtnHidden(bool bHideOk, bool bHideCancel, bool bHideClose);
-    void SetText(const QString& text);
     QString Text() const;
 
 private:

@@ -83,18 +83,11 @@ void CLmProgressWgt::SetValue(int value)
     m_pProgressBar->setValue(value);
 }
 
-void CLmProgressWgt::SetRange(int minimum, int maximum)
-{
-    m_pProgressBar->setRange(minimum, maximum);
-}
-
 void CLmProgressWgt::SetProgress(qint64 current, qint64 total)
 {
     if (total <= 0)
         return;
-    const int minimum = m_pProgressBar->minimum();
-    const qint64 span = m_pProgressBar->maximum() - minimum;
-    SetValue(minimum + static_cast<int>(qBound<qint64>(0, current, total) * span / total));
+    SetValue(static_cast<int>(qBound<qint64>(0, current, total) * 100 / total));
 }
 
 void CLmProgressWgt::OnCancelClicked()

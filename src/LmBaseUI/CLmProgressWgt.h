@@ -28,7 +28,6 @@ public:
 public slots:
     void SetCurrentText(const QString& text);
     void SetValue(int value);
-    void SetRange(int minimum, int maximum);
     // Shows current of total as a percentage (for byte counts of downloads).
     void SetProgress(qint64 current, qint64 total);
 

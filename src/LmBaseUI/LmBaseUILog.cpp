@@ -1,3 +1,3 @@
 #include "LmBaseUILog.h"
 
-Q_LOGGING_CATEGORY(lcBaseUI, "sky.baseui")
+Q_LOGGING_CATEGORY(lcMessageBox, "sky.baseui.messagebox")

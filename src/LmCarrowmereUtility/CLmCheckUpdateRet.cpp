@@ -41,7 +41,7 @@ CLmCheckUpdateRet::CLmCheckUpdateRet(QObject* parent)
     connect(m_pLauncherQuery, &CLmUpdateQuery::NewerRelease, this, &CLmCheckUpdateRet::LauncherUpgradeInfor);
     for (CLmUpdateQuery* query : {m_pFirmwareQuery, m_pLauncherQuery}) {
         connect(query, &CLmUpdateQuery::Failed, this,
-                [](const QString& message) { qCInfo(lcUtility) << "update check failed:" << message; });
+                [](const QString& message) { qCInfo(lcUpdateCheck) << "update check failed:" << message; });
     }
 }
 
@@ -79,6 +79,6 @@ void CLmCheckUpdateRet::RecordFirmware(const QString& filePath)
                              {"sha256", m_firmwareRelease.value(QStringLiteral("sha256"))}};
     QSaveFile file(FirmwareRecordPath());
     if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(record).toJson()) < 0 || !file.commit())
-        qCWarning(lcUtility) << "cannot record the firmware package:" << file.errorString();
+        qCWarning(lcPackage) << "cannot record the firmware package:" << file.errorString();
     emit DownLoadFinished(filePath);
 }

@@ -93,7 +93,7 @@ void CLmPackageDownload::OnFinished()
     }
     const QString path = m_pFile->fileName();
     m_pFile.reset();
-    qCInfo(lcUtility) << "package verified:" << path;
+    qCInfo(lcPackage) << "package verified:" << path;
     emit Finished(path);
 }
 
@@ -108,7 +108,7 @@ QString CLmPackageDownload::Verify() const
 
 void CLmPackageDownload::Fail(const QString& reason)
 {
-    qCWarning(lcUtility) << "package download failed:" << reason;
+    qCWarning(lcPackage) << "package download failed:" << reason;
     m_pFile.reset();
     emit Failed(reason);
 }

@@ -10,7 +10,7 @@ CLmSureUpgrade::CLmSureUpgrade(QObject* parent)
 {
     connect(m_pQuery, &CLmUpdateQuery::NewerRelease, this, &CLmSureUpgrade::NeedDownLoad);
     connect(m_pQuery, &CLmUpdateQuery::Failed, this,
-            [](const QString& message) { qCInfo(lcUtility) << "version check failed:" << message; });
+            [](const QString& message) { qCInfo(lcUpdateCheck) << "version check failed:" << message; });
 }
 
 void CLmSureUpgrade::CheckUpdate()

@@ -48,7 +48,7 @@ void CLmUpdateQuery::OnReply(const QByteArray& reply, const QString& currentVers
     } else if (!LmVersion::IsNewer(release.value(QStringLiteral("version")).toString(), currentVersion)) {
         emit UpToDate();
     } else if (!IsDownloadable(release)) {
-        qCWarning(lcUtility) << "release without a usable download:" << release.value(QStringLiteral("version"));
+        qCWarning(lcUpdateCheck) << "release without a usable download:" << release.value(QStringLiteral("version"));
         emit Failed(tr("The update information is incomplete."));
     } else {
         emit NewerRelease(release);

@@ -2,4 +2,5 @@
 
 #include <QLoggingCategory>
 
-Q_DECLARE_LOGGING_CATEGORY(lcUtility)
+Q_DECLARE_LOGGING_CATEGORY(lcUpdateCheck)
+Q_DECLARE_LOGGING_CATEGORY(lcPackage)

@@ -1,14 +1,13 @@
 #include "CLmDataBase.h"
 
+#include "LmDataLog.h"
+
 #include <QAtomicInteger>
 #include <QFile>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QThread>
-
-Q_LOGGING_CATEGORY(lcDataBase, "sky.data.database")
 
 namespace {
 
@@ -110,11 +109,6 @@ bool CLmDataBase::TableExists(const QString& table) const
 QSqlDatabase& CLmDataBase::Database()
 {
     return m_db;
-}
-
-QString CLmDataBase::FilePath() const
-{
-    return m_strFilePath;
 }
 
 QString CLmDataBase::LastError() const

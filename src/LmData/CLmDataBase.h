@@ -30,7 +30,6 @@ public:
     bool TableExists(const QString& table) const;
 
     QSqlDatabase& Database();
-    QString FilePath() const;
     QString LastError() const;
 
     // True when the file starts with the SQLite header and opens as a database.

@@ -1,13 +1,11 @@
 #include "CLmNetWorkGlobal.h"
 
 #include "LmConstants.h"
+#include "LmNetWorkKitLog.h"
 
-#include <QLoggingCategory>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QTimer>
-
-Q_LOGGING_CATEGORY(lcNetTest, "sky.network.test")
 
 CLmNetWorkGlobal::CLmNetWorkGlobal(QObject* parent)
     : QObject(parent)

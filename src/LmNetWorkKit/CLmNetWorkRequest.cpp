@@ -1,14 +1,12 @@
 #include "CLmNetWorkRequest.h"
 
 #include "CLmHttpSender.h"
+#include "LmNetWorkKitLog.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLoggingCategory>
 #include <QNetworkReply>
 #include <QNetworkRequest>
-
-Q_LOGGING_CATEGORY(lcRequest, "sky.network.request")
 
 namespace {
 

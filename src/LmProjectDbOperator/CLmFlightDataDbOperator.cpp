@@ -1,21 +1,19 @@
 #include "CLmFlightDataDbOperator.h"
 
+#include "CLmClock.h"
 #include "CLmControl.h"
 #include "CLmFlightDataWriter.h"
 #include "CLmUpLoadObject.h"
-#include "CLmClock.h"
 #include "CLmReplyEnvelope.h"
 #include "CLmSessionStore.h"
 #include "LmCloudForm.h"
 #include "LmCloudRequest.h"
+#include "LmProjectDbOperatorLog.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLoggingCategory>
-
-Q_LOGGING_CATEGORY(lcFlightData, "sky.projectdb.flightdata")
 
 namespace {
 

@@ -2,15 +2,13 @@
 
 #include "CLmDataBase.h"
 #include "CLmProjectSchema.h"
+#include "LmProjectDbOperatorLog.h"
 
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLoggingCategory>
 #include <QSqlError>
 #include <QSqlQuery>
-
-Q_DECLARE_LOGGING_CATEGORY(lcFlightData)
 
 namespace {
 

@@ -2,13 +2,11 @@
 
 #include "CLmDataBase.h"
 #include "LmProjectConstants.h"
+#include "LmProjectDbOperatorLog.h"
 
 #include <QDateTime>
-#include <QLoggingCategory>
 #include <QSqlQuery>
 #include <QSqlRecord>
-
-Q_DECLARE_LOGGING_CATEGORY(lcFlightData)
 
 namespace {
 

@@ -10,12 +10,11 @@ class CLmDataBase;
 class CLmProjectSchema
 {
 public:
-    static QStringList ProjectStatements();
-    static QStringList MissionStatements();
-
     static bool CreateProjectTables(CLmDataBase& db);
     static bool CreateMissionTables(CLmDataBase& db);
 
 private:
+    static QStringList ProjectStatements();
+    static QStringList MissionStatements();
     static bool ExecAll(CLmDataBase& db, const QStringList& statements);
 };

@@ -1,13 +1,11 @@
 #include "CLmTransferObject.h"
 
 #include "CLmHttpSender.h"
+#include "LmProjectDbOperatorLog.h"
 
 #include <QJsonDocument>
-#include <QLoggingCategory>
 #include <QNetworkReply>
 #include <QNetworkRequest>
-
-Q_LOGGING_CATEGORY(lcTransfer, "sky.projectdb.transfer")
 
 namespace {
 
@@ -51,11 +49,6 @@ void CLmTransferObject::SetFilePathArray(const QByteArray& body)
     m_eMethod = MethodPost;
 }
 
-QByteArray CLmTransferObject::GetFilePathArray() const
-{
-    return m_body;
-}
-
 void CLmTransferObject::SetMethod(EMethod method)
 {
     m_eMethod = method;
@@ -71,15 +64,10 @@ QVariant CLmTransferObject::GetUserData(int key) const
     return m_userData.value(key);
 }
 
-void CLmTransferObject::SetTimeout(int ms)
-{
-    m_iTimeoutMs = ms;
-}
-
 void CLmTransferObject::Send()
 {
     AbandonReply();
-    m_pReply = CLmHttpSender::Send(m_url, m_headers, m_iTimeoutMs, m_eMethod == MethodPost ? &m_body : nullptr);
+    m_pReply = CLmHttpSender::Send(m_url, m_headers, TransferTimeoutMs, m_eMethod == MethodPost ? &m_body : nullptr);
     if (m_eProgressOf == ProgressOfSending)
         connect(m_pReply, &QNetworkReply::uploadProgress, this, &CLmTransferObject::OnProgress);
     else

@@ -27,7 +27,8 @@ public:
     // Which direction of the transfer the progress reports.
     enum EProgressOf { ProgressOfReceiving, ProgressOfSending };
 
-    static constexpr int DefaultTimeoutMs = 30000;
+    // A transfer that moves no byte for this long has failed.
+    static constexpr int TransferTimeoutMs = 30000;
 
     CLmTransferObject(EProgressOf progressOf, QObject* parent);
     ~CLmTransferObject() override;
@@ -36,11 +37,9 @@ public:
     void SetRawHeader(const QByteArray& name, const QByteArray& value);
     // The form body; setting one makes the request a POST.
     void SetFilePathArray(const QByteArray& body);
-    QByteArray GetFilePathArray() const;
     void SetMethod(EMethod method);
     void SetUserData(int key, const QVariant& value);
     QVariant GetUserData(int key) const;
-    void SetTimeout(int ms);
 
 protected:
     void Send();
@@ -58,6 +57,5 @@ private:
     EProgressOf m_eProgressOf;
     EMethod m_eMethod = MethodGet;
     QMap<int, QVariant> m_userData;
-    int m_iTimeoutMs = DefaultTimeoutMs;
     QNetworkReply* m_pReply = nullptr;
 };

@@ -1,5 +1,4 @@
 #include "CLmMessageBox.h"
-#include "ModalAction.h"
 #include "ModalAnswer.h"
 
 #include <QLabel>
@@ -62,7 +61,8 @@ void tst_CLmMessageBox::keysAnswerTheBox()
     QFETCH(int, expected);
     CLmMessageBox box(QStringLiteral("Network fault"), QString(), QString(),
                       static_cast<CLmMessageBox::EMsgButtons>(buttons));
-    WhenModalShown([key](QWidget* modal) { QTest::keyClick(modal, static_cast<Qt::Key>(key)); });
+    ModalAnswer::RunWhenShown("CLmMessageBox",
+                              [key](QWidget* modal) { QTest::keyClick(modal, static_cast<Qt::Key>(key)); });
     QCOMPARE(box.exec(), expected);
 }
 

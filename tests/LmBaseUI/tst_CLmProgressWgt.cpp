@@ -1,5 +1,4 @@
 #include "CLmProgressWgt.h"
-#include "ModalAction.h"
 #include "ModalAnswer.h"
 
 #include <QProgressBar>
@@ -37,7 +36,7 @@ void tst_CLmProgressWgt::retryReportsWithoutClosing()
     QSignalSpy retrySpy(&dialog, &CLmProgressWgt::signalBtnRetryClicked);
     QSignalSpy cancelSpy(&dialog, &CLmProgressWgt::signalBtnCancelClicked);
     bool openAfterRetry = false;
-    WhenModalShown([&](QWidget*) {
+    ModalAnswer::RunWhenShown("CLmProgressWgt", [&](QWidget*) {
         dialog.SetCurrentText(QStringLiteral("Download File Failed."));
         dialog.VisibleBtnRetry(true);
         Button(&dialog, "m_pBtnRetry")->click();
@@ -100,7 +99,7 @@ void tst_CLmProgressWgt::execChoosesStartingButtons()
     bool cancelShown = !visibleButtons;
     bool closeShown = !visibleButtons;
     bool retryShown = true;
-    WhenModalShown([&](QWidget*) {
+    ModalAnswer::RunWhenShown("CLmProgressWgt", [&](QWidget*) {
         cancelShown = Button(&dialog, "m_pBtnCancel")->isVisible();
         closeShown = Button(&dialog, "m_pBtnClose")->isVisible();
         retryShown = Button(&dialog, "m_pBtnRetry")->isVisible();
@@ -135,7 +134,7 @@ void tst_CLmProgressWgt::escapeOnlyEndsWhenTheUserMayAbandon()
     QSignalSpy cancelSpy(&dialog, &CLmProgressWgt::signalBtnCancelClicked);
     QSignalSpy closeSpy(&dialog, &CLmProgressWgt::signalBtnCloseClicked);
     bool openAfterEscape = true;
-    WhenModalShown([&](QWidget* modal) {
+    ModalAnswer::RunWhenShown("CLmProgressWgt", [&](QWidget* modal) {
         dialog.VisibleBtnCannel(showCancel);
         dialog.VisibleBtnClose(showClose);
         QTest::keyClick(modal, Qt::Key_Escape);

@@ -42,16 +42,9 @@ QByteArray ReadAll(const QString& path)
 
 // Declines the offer to open the folder once its message box is up; the
 // progress dialog below it is modal too and has a Cancel button of its own.
-void DeclineFolderOffer(QString* offer = nullptr)
+void DeclineFolderOffer(QObject* dialog, QString* offer = nullptr)
 {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (!modal || modal->objectName() != QLatin1String("CLmMessageBox")) {
-        QTimer::singleShot(10, [offer] { DeclineFolderOffer(offer); });
-        return;
-    }
-    if (offer)
-        *offer = ModalAnswer::VisibleTexts(modal);
-    modal->findChild<QPushButton*>("m_pBtnCancel")->click();
+    ModalAnswer::PressWhenShown(QStringLiteral("m_pBtnCancel"), offer, 30000, "CLmMessageBox", dialog);
 }
 
 QString StatusText(const QWidget& dialog)
@@ -95,7 +88,7 @@ void tst_UpgradeDialogs::applicationPackageIsDownloadedAndOffered()
     CLmCarrowmereUpgradeSure dialog;
     dialog.SetDownloadData(Release("skyconsole"));
     QString offer;
-    QTimer::singleShot(0, [&offer] { DeclineFolderOffer(&offer); });
+    DeclineFolderOffer(&dialog, &offer);
     QCOMPARE(dialog.exec(false), int(QDialog::Accepted));
 
     QVERIFY(offer.contains("Open its folder"));
@@ -124,7 +117,7 @@ void tst_UpgradeDialogs::corruptedPackageFailsUntilRetrySucceeds()
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(original);
     file.close();
-    QTimer::singleShot(0, [] { DeclineFolderOffer(); });
+    DeclineFolderOffer(&dialog);
     retry->click();
     QTRY_VERIFY(!dialog.DownloadedFilePath().isEmpty());
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
@@ -134,7 +127,7 @@ void tst_UpgradeDialogs::corruptedPackageFailsUntilRetrySucceeds()
 void tst_UpgradeDialogs::launcherDialogFindsAndDownloadsTheLauncher()
 {
     CLmCarrowmereUpgradeLauncher dialog;
-    QTimer::singleShot(0, [] { DeclineFolderOffer(); });
+    DeclineFolderOffer(&dialog);
     QCOMPARE(dialog.exec(false), int(QDialog::Accepted));
     QCOMPARE(ReadAll(dialog.DownloadedFilePath()), ReadAll(ServedPackage("launcher")));
 }

@@ -7,17 +7,13 @@
 #include "ModalAnswer.h"
 
 #include "TestSession.h"
-#include <QApplication>
-#include <QDeadlineTimer>
 #include <QJsonObject>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QUrl>
 
-#include <functional>
 #include <memory>
 
 namespace {
@@ -62,25 +58,6 @@ void FillPasswords(const QWidget& dialog, const QString& password, const QString
     QLineEdit* first = Edit(dialog, "m_pEditNewPassword");
     (first ? first : Edit(dialog, "m_pEditPassword"))->setText(password);
     Edit(dialog, "m_pEditRepeatPassword")->setText(repeat);
-}
-
-// Runs action once the next modal widget of the class is shown, from inside
-// its event loop. A dialog the action leaves open is closed after a while, so
-// a failing test ends instead of waiting in exec().
-void WhenModalShown(const char* dialogClass, std::function<void(QWidget*)> action)
-{
-    const QDeadlineTimer deadline(8000);
-    auto poll = std::make_shared<std::function<void()>>();
-    *poll = [=] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (modal && modal->inherits(dialogClass) && modal->isVisible()) {
-            QTimer::singleShot(15000, modal, [modal] { modal->close(); });
-            action(modal);
-        } else if (!deadline.hasExpired()) {
-            QTimer::singleShot(10, qApp, *poll);
-        }
-    };
-    QTimer::singleShot(0, qApp, *poll);
 }
 
 }  // namespace
@@ -293,10 +270,13 @@ void tst_AccountDialogs::forgotButtonOpensTheResetDialog()
     CLmCarrowmereLoginDialog login(nullptr, false);
     login.show();
     QWidget* openedParent = nullptr;
-    WhenModalShown("CLmForgetPasswordDialog", [&](QWidget* modal) {
-        openedParent = modal->parentWidget();
-        Button(*modal, "m_pBtnClose")->click();
-    });
+    ModalAnswer::RunWhenShown(
+        "CLmForgetPasswordDialog",
+        [&](QWidget* modal) {
+            openedParent = modal->parentWidget();
+            Button(*modal, "m_pBtnClose")->click();
+        },
+        8000);
     Button(login, "m_pBtnForgot")->click();
     QVERIFY(openedParent == &login);
     QVERIFY(login.isVisible());
@@ -318,15 +298,18 @@ void tst_AccountDialogs::registerButtonFillsTheAccountAfterRegistration()
     Edit(login, "m_pEditPassword")->setText(QStringLiteral("typed before"));
     QString shown;
     QWidget* openedParent = nullptr;
-    WhenModalShown("CLmRegisterDialog", [&](QWidget* modal) {
-        openedParent = modal->parentWidget();
-        Edit(*modal, "m_pEditPhone")->setText(phone);
-        Edit(*modal, "m_pEditCode")->setText(code);
-        Edit(*modal, "m_pEditNickName")->setText(QStringLiteral("Pilot Three"));
-        FillPasswords(*modal, QStringLiteral("secret3"), QStringLiteral("secret3"));
-        ModalAnswer::PressWhenShown(QStringLiteral("m_pBtnOk"), &shown, 8000, "CLmMessageBox");
-        Button(*modal, "m_pBtnRegister")->click();
-    });
+    ModalAnswer::RunWhenShown(
+        "CLmRegisterDialog",
+        [&](QWidget* modal) {
+            openedParent = modal->parentWidget();
+            Edit(*modal, "m_pEditPhone")->setText(phone);
+            Edit(*modal, "m_pEditCode")->setText(code);
+            Edit(*modal, "m_pEditNickName")->setText(QStringLiteral("Pilot Three"));
+            FillPasswords(*modal, QStringLiteral("secret3"), QStringLiteral("secret3"));
+            ModalAnswer::PressWhenShown(QStringLiteral("m_pBtnOk"), &shown, 8000, "CLmMessageBox");
+            Button(*modal, "m_pBtnRegister")->click();
+        },
+        8000);
     Button(login, "m_pBtnRegister")->click();
     QVERIFY(openedParent == &login);
     QVERIFY(shown.contains(QLatin1String("Registration succeeded, please sign in.")));

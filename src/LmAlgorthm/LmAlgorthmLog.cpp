@@ -1,0 +1,3 @@
+#include "LmAlgorthmLog.h"
+
+Q_LOGGING_CATEGORY(lcDeploy, "sky.algorthm.deploy")

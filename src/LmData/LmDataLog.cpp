@@ -1,0 +1,3 @@
+#include "LmDataLog.h"
+
+Q_LOGGING_CATEGORY(lcDataBase, "sky.data.database")

@@ -1,0 +1,4 @@
+#include "LmNetWorkKitLog.h"
+
+Q_LOGGING_CATEGORY(lcRequest, "sky.networkkit.request")
+Q_LOGGING_CATEGORY(lcNetTest, "sky.networkkit.test")
