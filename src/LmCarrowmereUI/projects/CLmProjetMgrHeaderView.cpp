@@ -16,6 +16,10 @@ constexpr int CheckSection = 0;
 CLmProjetMgrHeaderView::CLmProjetMgrHeaderView(QWidget* pParent)
     : QHeaderView(Qt::Horizontal, pParent)
 {
+    // As the tree's own header: the last column takes the spare width, titles
+    // start at the left unless the page aligns them otherwise.
+    setStretchLastSection(true);
+    setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 Qt::CheckState CLmProjetMgrHeaderView::CheckState() const
@@ -79,9 +83,14 @@ void CLmProjetMgrHeaderView::PaintCheckSection(QPainter* pPainter, const QRect& 
         option.sortIndicator = sortIndicatorOrder() == Qt::AscendingOrder ? QStyleOptionHeader::SortDown
                                                                           : QStyleOptionHeader::SortUp;
     }
+    // The style ends its header drawing by setting back the clip region it
+    // found; an unclipped painter's region is empty, which would clip away
+    // everything drawn after it.
     pPainter->save();
     style()->drawControl(QStyle::CE_Header, &option, pPainter, this);
+    pPainter->restore();
 
+    pPainter->save();
     pPainter->drawPixmap(LmProjRowLayout::CheckBoxRect(rect),
                          QPixmap(m_eState == Qt::Checked ? QStringLiteral(":/images/Normal/ProjMgr/Check_box_pre.png")
                                                          : QStringLiteral(":/images/Normal/ProjMgr/Check_box_nor.png")));

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void clickOnTheBoxTogglesWithoutSorting();
     void clickOffTheBoxSorts_data();
     void clickOffTheBoxSorts();
+    void boxShowsTheState();
 };
 
 void tst_CLmProjetMgrHeaderView::initTestCase()
@@ -114,6 +115,22 @@ void tst_CLmProjetMgrHeaderView::clickOffTheBoxSorts()
     QCOMPARE(changed.count(), 0);
     QCOMPARE(tree.m_pHeader->CheckState(), Qt::Unchecked);
     QCOMPARE(tree.m_pHeader->sortIndicatorSection(), section);
+}
+
+// The box is drawn over the style's section, not clipped away by it.
+void tst_CLmProjetMgrHeaderView::boxShowsTheState()
+{
+    CCheckAllTree tree;
+    tree.m_tree.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tree.m_tree));
+    // A pixel of the checked box's filled top edge, left of its tick.
+    const QPoint filled = LmProjRowLayout::CheckBoxRect(tree.Section(0)).topLeft() + QPoint(8, 2);
+    const QColor checkedFill(0x1e, 0x88, 0xe5);
+
+    tree.m_pHeader->slotStateChanged(Qt::Checked);
+    QCOMPARE(tree.m_pHeader->viewport()->grab().toImage().pixelColor(filled), checkedFill);
+    tree.m_pHeader->slotStateChanged(Qt::Unchecked);
+    QVERIFY(tree.m_pHeader->viewport()->grab().toImage().pixelColor(filled) != checkedFill);
 }
 
 QTEST_MAIN(tst_CLmProjetMgrHeaderView)
