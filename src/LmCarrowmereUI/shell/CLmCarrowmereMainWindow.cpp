@@ -189,20 +189,18 @@ void CLmCarrowmereMainWindow::ConnectLauncher()
 
 void CLmCarrowmereMainWindow::ConnectNotices()
 {
-    connect(m_pNoticeCenter, &CLmNoticeCenter::ProjectNoticeArrived, this, &CLmCarrowmereMainWindow::ShowProjectBadge);
-    connect(m_pNoticeCenter, &CLmNoticeCenter::MessageNoticeArrived, this,
-            &CLmCarrowmereMainWindow::ShowNewMessageIcon);
+    using Window = CLmCarrowmereMainWindow;
+    connect(m_pNoticeCenter, &CLmNoticeCenter::ProjectNoticeArrived, this, &Window::ShowProjectBadge);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::MessageNoticeArrived, this, &Window::ShowNewMessageIcon);
     connect(m_pNoticeCenter, &CLmNoticeCenter::AccessRequestArrived, m_pMaintainPage,
             [this] { m_pMaintainPage->SetPendingRequest(true); });
-    connect(m_pNoticeCenter, &CLmNoticeCenter::NewsArrived, this, &CLmCarrowmereMainWindow::ShowSystemMessage);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::NewsArrived, this, &Window::ShowSystemMessage);
     connect(m_pNoticeCenter, &CLmNoticeCenter::LiftCheckConfirmed, m_pNoFlyZoneUpgrade.get(),
             &CLmNoFlyZoneUpgrade::Start);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::LauncherUpgradeInfor, this, &Window::slotLauncherUpgradeInfor);
     connect(m_pNoticeCenter, &CLmNoticeCenter::DownLoadFinished, m_pMaintainPage,
             &CLmCarrowmereMaintainPage::slotDownLoadFinished);
-    connect(m_pNoticeCenter, &CLmNoticeCenter::LauncherUpgradeInfor, this,
-            &CLmCarrowmereMainWindow::slotLauncherUpgradeInfor);
-    connect(m_pNoticeCenter, &CLmNoticeCenter::NeedUpgradeSureNewVersion, this,
-            &CLmCarrowmereMainWindow::slotNeedUpgradeSureNewVersion);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::NeedUpgradeSureNewVersion, this, &Window::slotNeedUpgradeSureNewVersion);
 }
 
 void CLmCarrowmereMainWindow::InitSystemInfo()
