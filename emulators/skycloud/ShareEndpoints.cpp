@@ -68,8 +68,7 @@ void ShareEndpoints::NotifyReceiver(const ShareStore::NewShares& shares, const Q
     QStringList names;
     for (const ProjectStore::Project& project : shares.projects)
         names.append(project.name);
-    m_notifier.Notify(shares.receiver.id,
-                      {QStringLiteral("project_share"),
-                       QStringLiteral("%1 shared with you: %2").arg(shares.sender.nickName, names.join(QStringLiteral(", "))),
-                       QJsonObject{{"shares", records}}});
+    const QString message =
+        QStringLiteral("%1 shared with you: %2").arg(shares.sender.nickName, names.join(QStringLiteral(", ")));
+    m_notifier.Notify(shares.receiver.id, {QStringLiteral("project_share"), message, QJsonObject{{"shares", records}}});
 }
