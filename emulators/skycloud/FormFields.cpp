@@ -42,13 +42,39 @@ std::optional<QString> FormFields::Optional(const char* name) const
     return QString::fromStdString(found->second);
 }
 
+QStringList FormFields::List(const char* name) const
+{
+    QStringList values;
+    for (const QString& part : Value(name).split(QLatin1Char(','))) {
+        const QString value = part.trimmed();
+        if (!value.isEmpty() && !values.contains(value))
+            values.append(value);
+    }
+    return values;
+}
+
 bool FormFields::RequireAll(std::initializer_list<const char*> names, httplib::Response& res) const
 {
     for (const char* name : names) {
         if (Value(name).isEmpty()) {
-            Envelope::Fail(res, 400, QStringLiteral("Missing field: %1").arg(QLatin1String(name)));
+            FailMissing(name, res);
             return false;
         }
     }
     return true;
+}
+
+std::optional<QStringList> FormFields::RequireList(const char* name, httplib::Response& res) const
+{
+    const QStringList values = List(name);
+    if (values.isEmpty()) {
+        FailMissing(name, res);
+        return std::nullopt;
+    }
+    return values;
+}
+
+void FormFields::FailMissing(const char* name, httplib::Response& res)
+{
+    Envelope::Fail(res, 400, QStringLiteral("Missing field: %1").arg(QLatin1String(name)));
 }

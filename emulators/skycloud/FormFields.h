@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <initializer_list>
 #include <optional>
@@ -19,9 +20,16 @@ public:
 
     QString Value(const char* name) const;
     std::optional<QString> Optional(const char* name) const;
+    // A field of values joined by ",": trimmed, without empty parts and
+    // repeats, in their first order.
+    QStringList List(const char* name) const;
     // Writes a 400 naming the first missing or empty field.
     bool RequireAll(std::initializer_list<const char*> names, httplib::Response& res) const;
+    // List(name), or a 400 naming the field when it lists nothing.
+    std::optional<QStringList> RequireList(const char* name, httplib::Response& res) const;
 
 private:
+    static void FailMissing(const char* name, httplib::Response& res);
+
     httplib::Params m_params;
 };

@@ -1,7 +1,6 @@
 #include "ProjectStore.h"
 
 #include "CLmDataBase.h"
-#include "CLmProjectGenerator.h"
 #include "LmProjectConstants.h"
 
 #include <QCryptographicHash>
@@ -9,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 namespace {
@@ -35,6 +33,7 @@ bool ProjectStore::Open(QString* error)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     QDir().mkpath(m_dataDir + QStringLiteral("/projects"));
+    m_isNew = !QFile::exists(IndexPath());
     CLmDataBase index(IndexPath());
     if (!index.Open()
         || !index.Exec(QStringLiteral("CREATE TABLE IF NOT EXISTS projects ("
@@ -44,11 +43,12 @@ bool ProjectStore::Open(QString* error)
         *error = QStringLiteral("cannot open the project index: ") + index.LastError();
         return false;
     }
-    const bool empty = index.SelectValue(QStringLiteral("SELECT count(*) FROM projects")).toInt() == 0;
-    index.Close();
-    if (empty)
-        SeedDemoProjects();
     return true;
+}
+
+bool ProjectStore::IsNew() const
+{
+    return m_isNew;
 }
 
 QJsonArray ProjectStore::List(qint64 accountId)
@@ -117,16 +117,51 @@ ProjectStore::UploadResult ProjectStore::StoreLocked(qint64 accountId, const QSt
     return {QString(), 200, QJsonObject{{"id", row->id}, {"version", version}, {"updated_at", updatedAt}}};
 }
 
-ProjectStore::Access ProjectStore::CanRead(qint64 accountId, const QString& projectId)
+ProjectStore::Selection ProjectStore::SelectOwned(qint64 accountId, const QStringList& projectIds)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     CLmDataBase index(IndexPath());
     if (!index.Open(true))
-        return Access::Unknown;
-    const QVariant owner = index.SelectValue(QStringLiteral("SELECT account_id FROM projects WHERE id = ?"), {projectId});
-    if (!owner.isValid())
-        return Access::Unknown;
-    return owner.toLongLong() == accountId ? Access::Granted : Access::Forbidden;
+        return {QStringLiteral("Unknown project"), 404, {}};
+    return SelectOwnedLocked(index, accountId, projectIds);
+}
+
+ProjectStore::Selection ProjectStore::SelectOwnedLocked(CLmDataBase& index, qint64 accountId,
+                                                        const QStringList& projectIds)
+{
+    Selection selection;
+    for (const QString& projectId : projectIds) {
+        QSqlQuery row(index.Database());
+        if (!index.Exec(QStringLiteral("SELECT account_id, project_name FROM projects WHERE id = ?"), {projectId}, &row)
+            || !row.next())
+            return {QStringLiteral("Unknown project"), 404, {}};
+        if (row.value(0).toLongLong() != accountId)
+            return {QStringLiteral("Project belongs to another account"), 403, {}};
+        selection.projects.append({projectId, row.value(1).toString()});
+    }
+    return selection;
+}
+
+ProjectStore::Selection ProjectStore::Remove(qint64 accountId, const QStringList& projectIds)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    CLmDataBase index(IndexPath());
+    if (!index.Open())
+        return {QStringLiteral("Cannot remove the project"), 500, {}};
+    const Selection selection = SelectOwnedLocked(index, accountId, projectIds);
+    if (!selection.error.isEmpty())
+        return selection;
+    bool ok = index.Database().transaction();
+    for (const Project& project : selection.projects)
+        ok = ok && index.Exec(QStringLiteral("DELETE FROM projects WHERE id = ?"), {project.id});
+    if (!ok || !index.Database().commit()) {
+        index.Database().rollback();
+        return {QStringLiteral("Cannot remove the project"), 500, {}};
+    }
+    // The index no longer names the files: one left behind is only dead weight.
+    for (const Project& project : selection.projects)
+        QFile::remove(AccountFolder(accountId) + QLatin1Char('/') + StoredFileName(project.id));
+    return selection;
 }
 
 QByteArray ProjectStore::FileBytes(const QString& projectId)
@@ -188,39 +223,4 @@ bool ProjectStore::StampFile(const QString& filePath, const QString& projectId, 
            && db.Exec(QStringLiteral("UPDATE %1 SET version = ?, updated_at = ? WHERE id = ?")
                           .arg(QLatin1String(ProjectTableName)),
                       {version, updatedAt, projectId});
-}
-
-void ProjectStore::SeedDemoProjects()
-{
-    struct Demo
-    {
-        qint64 account;
-        const char* name;
-        double lat;
-        double lng;
-        int missions;
-    };
-    static const Demo demos[] = {{1, "Riverside Farm", 30.66, 104.06, 8},
-                                 {1, "Quarry North", 39.90, 116.40, 12},
-                                 {1, "Harbour Survey", 22.54, 114.06, 5},
-                                 {2, "Vineyard East", 46.20, 6.14, 6},
-                                 {2, "Solar Park", 48.14, 11.58, 10}};
-    QTemporaryDir work;
-    const QDateTime base = QDateTime::currentDateTimeUtc().addDays(-10);
-    int i = 0;
-    for (const Demo& demo : demos) {
-        CLmProjectGenerator::SOptions options;
-        options.strProjID = CLmProjectGenerator::NewProjectID();
-        options.strProjName = QString::fromUtf8(demo.name);
-        options.strUserID = QString::number(demo.account);
-        options.updatedAt = base.addDays(i++);
-        options.iMissions = demo.missions;
-        options.iFlownMissions = demo.missions / 2;
-        options.dHomeLat = demo.lat;
-        options.dHomeLng = demo.lng;
-        const QString path = work.filePath(options.strProjName + QLatin1String(ProjectSuffix));
-        QDir().mkpath(AccountFolder(demo.account));
-        if (CLmProjectGenerator::WriteProjectDatabase(path, options))
-            StoreLocked(demo.account, path);
-    }
 }
