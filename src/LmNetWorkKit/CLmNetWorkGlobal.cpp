@@ -19,11 +19,6 @@ void CLmNetWorkGlobal::SetTimerInterval(int ms)
     m_iIntervalMs = ms;
 }
 
-int CLmNetWorkGlobal::TimerInterval() const
-{
-    return m_iIntervalMs;
-}
-
 void CLmNetWorkGlobal::slotTestNetWorkConnectState()
 {
     if (!m_pTimer) {

@@ -24,7 +24,6 @@ public:
 
     // Takes effect at the next start of the thread or the next probe round.
     void SetTimerInterval(int ms);
-    int TimerInterval() const;
 
     // Connect the thread's finished() here with a direct connection so that
     // the timer and a pending probe end in their own thread.

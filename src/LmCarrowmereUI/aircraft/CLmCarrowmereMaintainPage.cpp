@@ -76,13 +76,7 @@ void CLmCarrowmereMaintainPage::SetUsbDisks(const QStringList& disks)
 
 void CLmCarrowmereMaintainPage::SetPendingRequest(bool bPending)
 {
-    m_bPendingRequest = bPending;
     m_pUi->m_pLabelPendingRequest->setVisible(bPending);
-}
-
-bool CLmCarrowmereMaintainPage::HasPendingRequest() const
-{
-    return m_bPendingRequest;
 }
 
 void CLmCarrowmereMaintainPage::SetParachuteNotice(bool bNotify)

@@ -26,7 +26,6 @@ public:
     CLmUasProvide* CurrentUas() const;
     void SetUsbDisks(const QStringList& disks);
     void SetPendingRequest(bool bPending);
-    bool HasPendingRequest() const;
     // The parachute needs checking: badge on the plane status button; the
     // plane status page reads it when it opens.
     void SetParachuteNotice(bool bNotify);
@@ -55,7 +54,6 @@ private:
     std::unique_ptr<Ui::CLmCarrowmereMaintainPage> m_pUi;
     QWidget* m_pMainWindow = nullptr;
     CLmUasProvide* m_pUas = nullptr;
-    bool m_bPendingRequest = false;
     bool m_bDeviceConnectionArmed = true;
     bool m_bParachuteNotice = false;
     QString m_strFirmwarePackage;
