@@ -1,3 +1,3 @@
 #include "CloudLog.h"
 
-Q_LOGGING_CATEGORY(lcSkyCloud, "sky.skycloud")
+Q_LOGGING_CATEGORY(lcSkyCloud, "sky.skycloud.server")

@@ -1,3 +1,3 @@
 #include "SimLog.h"
 
-Q_LOGGING_CATEGORY(lcSkySim, "sky.skysim")
+Q_LOGGING_CATEGORY(lcSkySim, "sky.skysim.vehicle")
