@@ -10,13 +10,16 @@ constexpr int kSuccessStatus = 0;
 
 CLmReplyEnvelope CLmReplyEnvelope::Parse(const QByteArray& body)
 {
-    CLmReplyEnvelope envelope;
     const QJsonDocument document = QJsonDocument::fromJson(body);
-    if (document.isObject()) {
-        envelope.m_envelope = document.object();
-        envelope.m_bParsed = true;
-    }
-    return envelope;
+    return document.isObject() ? FromObject(document.object()) : CLmReplyEnvelope();
+}
+
+CLmReplyEnvelope CLmReplyEnvelope::FromObject(const QJsonObject& envelope)
+{
+    CLmReplyEnvelope result;
+    result.m_envelope = envelope;
+    result.m_bParsed = true;
+    return result;
 }
 
 bool CLmReplyEnvelope::IsParsed() const

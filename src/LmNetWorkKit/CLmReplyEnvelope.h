@@ -17,6 +17,8 @@ public:
     static constexpr int NoStatus = -1;
 
     static CLmReplyEnvelope Parse(const QByteArray& body);
+    // An envelope already parsed, such as one push notification of several.
+    static CLmReplyEnvelope FromObject(const QJsonObject& envelope);
 
     bool IsParsed() const;
     // Parsed and its status is the service's "done" (0).

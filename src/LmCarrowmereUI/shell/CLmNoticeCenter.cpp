@@ -11,7 +11,6 @@
 #include "LINK_TYPE.h"
 #include "LmCarrowmereUILog.h"
 
-#include <QJsonDocument>
 #include <QLayout>
 #include <QUrl>
 #include <QWebEngineView>
@@ -37,8 +36,7 @@ CLmNoticeCenter::CLmNoticeCenter(QWidget* pWindow, QWidget* pNewsHost)
 
 void CLmNoticeCenter::Dispatch(const QJsonObject& notice)
 {
-    // A notification has the shape of a cloud reply, whose reader takes the body.
-    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(QJsonDocument(notice).toJson(QJsonDocument::Compact));
+    const CLmReplyEnvelope envelope = CLmReplyEnvelope::FromObject(notice);
     const QString action = notice.value(QStringLiteral("action")).toString();
     qCDebug(lcNotices) << "push notification" << envelope.Status() << action;
     if (!IsActionableStatus(envelope.Status()))
