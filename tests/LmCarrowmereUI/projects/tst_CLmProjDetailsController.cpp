@@ -1,7 +1,7 @@
 #include "CCannedHttpPeer.h"
 #include "CDemoProjectCloud.h"
 #include "CLmDataBase.h"
-#include "CLmFlightDataDbOperator.h"
+#include "CFlightWriterThread.h"
 #include "CLmProjDetailsController.h"
 #include "LmProjectConstants.h"
 #include "ProjectTestHelpers.h"
@@ -13,7 +13,6 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTemporaryDir>
-#include <QThread>
 #include <QtTest>
 
 #include <memory>
@@ -21,33 +20,6 @@
 namespace {
 
 using EState = CLmProjDetailsController::EMissionState;
-
-// The flight-data writer as the main window runs it: on the upload thread,
-// wired to the controller through queued connections.
-class CUploadThread
-{
-public:
-    explicit CUploadThread(CLmProjDetailsController& controller)
-        : m_pWriter(new CLmFlightDataDbOperator(nullptr, UploadEnvNone))
-    {
-        m_pWriter->moveToThread(&m_thread);
-        QObject::connect(&m_thread, &QThread::finished, m_pWriter, &QObject::deleteLater);
-        QObject::connect(&controller, &CLmProjDetailsController::parseJsonArray, m_pWriter,
-                         &CLmFlightDataDbOperator::slotParseJson);
-        QObject::connect(m_pWriter, &CLmFlightDataDbOperator::FlightDataParsed, &controller,
-                         &CLmProjDetailsController::slotFlightDataParsed);
-        m_thread.start();
-    }
-    ~CUploadThread()
-    {
-        m_thread.quit();
-        m_thread.wait();
-    }
-
-private:
-    QThread m_thread;
-    CLmFlightDataDbOperator* m_pWriter;
-};
 
 EState StateOf(const CLmProjDetailsController& controller, const QString& strMissionId)
 {
@@ -158,7 +130,8 @@ void tst_CLmProjDetailsController::listsTheFlightsOfTheProjectsTasks()
 void tst_CLmProjDetailsController::downloadWritesTheCloudsRowsOnTheUploadThread()
 {
     CLmProjDetailsController controller;
-    CUploadThread uploadThread(controller);
+    CFlightWriterThread writer;
+    writer.Serve(&controller);
     ShowDemoProject(controller);
     const QString strMissionId = SecondMissionId(controller);
     QVERIFY(!strMissionId.isEmpty());
@@ -236,7 +209,8 @@ void tst_CLmProjDetailsController::unreadableDownloadReplyChangesNothing()
 {
     QFETCH(QByteArray, body);
     CLmProjDetailsController controller;
-    CUploadThread uploadThread(controller);
+    CFlightWriterThread writer;
+    writer.Serve(&controller);
     ShowDemoProject(controller);
     const QString strMissionId = SecondMissionId(controller);
     QSignalSpy handedOn(&controller, &CLmProjDetailsController::parseJsonArray);
@@ -275,7 +249,8 @@ void tst_CLmProjDetailsController::failedDownloadOffersReDownload()
     QFETCH(bool, unreachable);
     QFETCH(bool, damagedDatabase);
     CLmProjDetailsController controller;
-    CUploadThread uploadThread(controller);
+    CFlightWriterThread writer;
+    writer.Serve(&controller);
     ShowDemoProject(controller);
     const QString strMissionId = SecondMissionId(controller);
     const QByteArray damage("this is not a database");
