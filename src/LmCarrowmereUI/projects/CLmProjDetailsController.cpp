@@ -16,6 +16,7 @@
 #include <QtConcurrent>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 

@@ -75,6 +75,9 @@ private:
     CDemoProjectCloud m_cloud;
     std::unique_ptr<QTemporaryDir> m_pProjectRoot;
     QString m_strProjectFile;
+    // Each test's controller, served by the writer on its thread.
+    std::unique_ptr<CLmProjDetailsController> m_pController;
+    std::unique_ptr<CFlightWriterThread> m_pWriter;
 };
 
 void tst_CLmProjDetailsController::initTestCase()
@@ -87,11 +90,16 @@ void tst_CLmProjDetailsController::init()
     m_pProjectRoot = std::make_unique<QTemporaryDir>();
     m_strProjectFile = m_cloud.WriteProjectFile(m_pProjectRoot->path());
     QVERIFY(!m_strProjectFile.isEmpty());
+    m_pController = std::make_unique<CLmProjDetailsController>();
+    m_pWriter = std::make_unique<CFlightWriterThread>();
+    m_pWriter->Serve(m_pController.get());
 }
 
 void tst_CLmProjDetailsController::cleanup()
 {
     TestSession::PointCloudAt(m_cloud.BaseUrl());
+    m_pWriter.reset();
+    m_pController.reset();
     m_pProjectRoot.reset();
 }
 
@@ -110,7 +118,7 @@ QString tst_CLmProjDetailsController::SecondMissionId(const CLmProjDetailsContro
 // second twice.
 void tst_CLmProjDetailsController::listsTheFlightsOfTheProjectsTasks()
 {
-    CLmProjDetailsController controller;
+    CLmProjDetailsController& controller = *m_pController;
     ShowDemoProject(controller);
 
     QCOMPARE(controller.FlightTaskCount(), 8);
@@ -129,9 +137,7 @@ void tst_CLmProjDetailsController::listsTheFlightsOfTheProjectsTasks()
 
 void tst_CLmProjDetailsController::downloadWritesTheCloudsRowsOnTheUploadThread()
 {
-    CLmProjDetailsController controller;
-    CFlightWriterThread writer;
-    writer.Serve(&controller);
+    CLmProjDetailsController& controller = *m_pController;
     ShowDemoProject(controller);
     const QString strMissionId = SecondMissionId(controller);
     QVERIFY(!strMissionId.isEmpty());
@@ -190,7 +196,7 @@ void tst_CLmProjDetailsController::unreadableListReplyListsNothing()
         CLmProjectGenerator::WriteProject(m_pProjectRoot->filePath(project.strProjName), project);
     CCannedHttpPeer peer(CCannedHttpPeer::Reply("200 OK", body));
     TestSession::PointCloudAt(peer.BaseUrl());
-    CLmProjDetailsController controller;
+    CLmProjDetailsController& controller = *m_pController;
 
     controller.ShowProject(project.strProjID, project.strProjName, strProjectFile);
     QTRY_VERIFY(!controller.IsListing());
@@ -208,9 +214,7 @@ void tst_CLmProjDetailsController::unreadableDownloadReplyChangesNothing_data()
 void tst_CLmProjDetailsController::unreadableDownloadReplyChangesNothing()
 {
     QFETCH(QByteArray, body);
-    CLmProjDetailsController controller;
-    CFlightWriterThread writer;
-    writer.Serve(&controller);
+    CLmProjDetailsController& controller = *m_pController;
     ShowDemoProject(controller);
     const QString strMissionId = SecondMissionId(controller);
     QSignalSpy handedOn(&controller, &CLmProjDetailsController::parseJsonArray);
@@ -248,9 +252,7 @@ void tst_CLmProjDetailsController::failedDownloadOffersReDownload()
     QFETCH(QByteArray, refusal);
     QFETCH(bool, unreachable);
     QFETCH(bool, damagedDatabase);
-    CLmProjDetailsController controller;
-    CFlightWriterThread writer;
-    writer.Serve(&controller);
+    CLmProjDetailsController& controller = *m_pController;
     ShowDemoProject(controller);
     const QString strMissionId = SecondMissionId(controller);
     const QByteArray damage("this is not a database");
