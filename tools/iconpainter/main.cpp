@@ -301,6 +301,12 @@ void OpenFolderGlyph(QPainter& p, const QColor& color)
     p.drawPolygon(flap, 4);
 }
 
+// The cloud-download glyph in white, for a tile of any colour.
+void DownloadedGlyph(QPainter& p, const QColor&)
+{
+    CloudDownloadGlyph(p, Palette::White);
+}
+
 void CheckMark(QPainter& p, const QColor& color, qreal width)
 {
     StrokePolyline(p, color, width, {{19, 33}, {28, 42}, {45, 23}});
@@ -497,6 +503,14 @@ void DoneMark(QPainter& p)
     CheckMark(p, Palette::White, 7);
 }
 
+// The details page's way back: an arrow pointing left.
+void BackArrow(QPainter& p)
+{
+    p.setPen(Stroke(Palette::Slate, 6));
+    p.drawLine(QPointF(14, 32), QPointF(50, 32));
+    StrokePolyline(p, Palette::Slate, 6, {{28, 18}, {14, 32}, {28, 46}});
+}
+
 void WarnQuestion(QPainter& p)
 {
     Disc(p, Palette::Amber);
@@ -563,6 +577,8 @@ std::vector<SIcon> Icons()
         {projMgr + "warn_question_ic.png", 48, WarnQuestion},
         {projMgr + "arrow_down_btn_nor.png", 12, ArrowDown},
         {projMgr + "arrow_up_btn_nor.png", 12, ArrowUp},
+        {projMgr + "back_btn_nor.png", 24, BackArrow},
+        {projMgr + "details_downloaded.png", 64, Launcher(Palette::Green, DownloadedGlyph)},
     };
     AddRowButton(icons, projMgr + "share1_btn", ShareGlyph, Palette::Blue);
     AddRowButton(icons, projMgr + "delete1_btn", BinGlyph, Palette::Red);

@@ -18,12 +18,33 @@ QString MarkImage(int nState)
 {
     switch (nState) {
     case CLmMissionTableDelegate::FlightNotDownloaded:
+    case CLmMissionTableDelegate::FlightDownloadFailed:
         return QStringLiteral(":/images/Normal/ProjMgr/download_ic.png");
     case CLmMissionTableDelegate::FlightDownloaded:
         return QStringLiteral(":/images/Normal/ProjMgr/yes_ic.png");
     default:
         return QString();
     }
+}
+
+QString ReDownloadWord()
+{
+    return CLmMissionTableDelegate::tr("Re-download");
+}
+
+// The link colour of the application style.
+const QColor LinkColor(0x2f, 0x80, 0xed);
+
+// A click that starts a download: on the download mark of a mission not on
+// this computer, or on the mark or "Re-download" of a failed one.
+bool IsDownloadClick(int nState, const QStyleOptionViewItem& option, const QPoint& pos)
+{
+    if (nState == CLmMissionTableDelegate::FlightDownloadFailed
+        && TrailingWordRect(option.rect, QFontMetrics(RowFont(option.font)), ReDownloadWord()).contains(pos))
+        return true;
+    return (nState == CLmMissionTableDelegate::FlightNotDownloaded
+            || nState == CLmMissionTableDelegate::FlightDownloadFailed)
+           && MarkRect(option.rect).contains(pos);
 }
 
 }  // namespace
@@ -48,12 +69,18 @@ void CLmMissionTableDelegate::paint(QPainter* pPainter, const QStyleOptionViewIt
         pPainter->drawPixmap(markRect, QPixmap(strImage));
 
     pPainter->save();
-    pPainter->setFont(RowFont(cellOption.font));
+    const QFont font = RowFont(cellOption.font);
+    pPainter->setFont(font);
+    int iTextEnd = cellOption.rect.left() + cellOption.rect.width() - TextPadding;
+    if (flight.nState == FlightDownloadFailed) {
+        const QRect wordRect = TrailingWordRect(cellOption.rect, QFontMetrics(font), ReDownloadWord());
+        pPainter->setPen(LinkColor);
+        DrawItemText(pPainter, wordRect, ReDownloadWord(), Qt::AlignLeft | Qt::AlignVCenter);
+        iTextEnd = wordRect.left() - TextPadding;
+    }
     pPainter->setPen(TextColor(cellOption));
     const int iTextLeft = markRect.right() + 1 + TextPadding;
-    const QRect textRect(iTextLeft, cellOption.rect.top(),
-                         cellOption.rect.left() + cellOption.rect.width() - TextPadding - iTextLeft,
-                         cellOption.rect.height());
+    const QRect textRect(iTextLeft, cellOption.rect.top(), iTextEnd - iTextLeft, cellOption.rect.height());
     DrawItemText(pPainter, textRect, flight.strTxt, Qt::AlignLeft | Qt::AlignVCenter);
     pPainter->restore();
 }
@@ -64,8 +91,7 @@ bool CLmMissionTableDelegate::editorEvent(QEvent* pEvent, QAbstractItemModel*, c
     if (pEvent->type() != QEvent::MouseButtonRelease)
         return false;
     const auto* pMouse = static_cast<QMouseEvent*>(pEvent);
-    if (pMouse->button() != Qt::LeftButton || MissionFlight(index).nState != FlightNotDownloaded
-        || !MarkRect(option.rect).contains(pMouse->pos()))
+    if (pMouse->button() != Qt::LeftButton || !IsDownloadClick(MissionFlight(index).nState, option, pMouse->pos()))
         return false;
     emit signalClickedDownload(index.siblingAtColumn(0));
     return true;

@@ -7,10 +7,12 @@ class QAbstractItemView;
 
 // Draws the download column of the project details page's mission table: a
 // download mark while the mission's flight data is not on this computer, a
-// done mark once it is, each followed by the mission's text. Set it for that
-// column only; the mission id is read from the row's first column
-// (LmProjMgrRole::MissionId). Clicking the download mark emits
-// signalClickedDownload with the index of the row's first column.
+// done mark once it is, each followed by the mission's text; a failed
+// download keeps the download mark and adds "Re-download" at the cell's
+// right end. Set it for that column only; the mission id is read from the
+// row's first column (LmProjMgrRole::MissionId). Clicking the download mark
+// or "Re-download" emits signalClickedDownload with the index of the row's
+// first column.
 class CLmMissionTableDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -21,6 +23,7 @@ public:
         FlightNotDownloaded = 0,
         FlightDownloaded = 1,
         FlightDownloading = 2,  // text only, no mark to click
+        FlightDownloadFailed = 3,
     };
 
     explicit CLmMissionTableDelegate(QAbstractItemView* pView);

@@ -77,4 +77,12 @@ QRect MarkRect(const QRect& cell)
     return SquareLeftAligned(cell, TextPadding, MarkSize);
 }
 
+QRect TrailingWordRect(const QRect& cell, const QFontMetrics& metrics, const QString& strWord)
+{
+    const int iWidth = metrics.horizontalAdvance(strWord);
+    const int iHeight = metrics.height();
+    return QRect(cell.left() + cell.width() - TextPadding - iWidth, cell.top() + (cell.height() - iHeight) / 2, iWidth,
+                 iHeight);
+}
+
 }  // namespace LmProjRowLayout

@@ -57,4 +57,8 @@ SFlightLogRects FlightLogRects(const QRect& cell, const QFontMetrics& metrics, c
 // The mission table's 16 x 16 download mark, 8 px from the cell's left edge.
 QRect MarkRect(const QRect& cell);
 
+// strWord at the right end of cell, 8 px from its right edge, centred
+// vertically: the mission table's "Re-download".
+QRect TrailingWordRect(const QRect& cell, const QFontMetrics& metrics, const QString& strWord);
+
 }  // namespace LmProjRowLayout
