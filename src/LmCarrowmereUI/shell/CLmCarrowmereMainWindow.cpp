@@ -3,8 +3,8 @@
 #include "LmCarrowmereUILog.h"
 #include "ui_CLmCarrowmereWgt.h"
 
+#include "CLmAccountSession.h"
 #include "CLmCarrowmereMaintainPage.h"
-#include "CLmCarrowmereLoginDialog.h"
 #include "CLmControl.h"
 #include "CLmHardwareCheck.h"
 #include "CLmDeviceChangeFilter.h"
@@ -14,7 +14,6 @@
 #include "CLmLinkProvide.h"
 #include "CLmMessageBox.h"
 #include "CLmNetWorkGlobal.h"
-#include "CLmNetWorkRequest.h"
 #include "CLmNoFlyZoneUpgrade.h"
 #include "CLmNoticeCenter.h"
 #include "CLmProjMgrWgt.h"
@@ -25,7 +24,6 @@
 #include "CLmUsbDeviceLink.h"
 #include "CLmUserMessagePage.h"
 #include "LmCloudPaths.h"
-#include "LmCloudRequest.h"
 #include "LmConstants.h"
 #include "LmPushText.h"
 #include "LmUsbDiskText.h"
@@ -41,14 +39,10 @@ namespace {
 
 const char kIconShareOk[] = ":/images/Normal/Home/HomeFile_share_ok_ic.png";
 const char kIconExit[] = ":/images/Normal/Home/HomeFilebut_receive_ic.png";
-const char kIconOffNetwork[] = ":/images/Normal/userinfo/off_network_ico.png";
 
 // The network tester's period until the cloud has been reached once, and after.
 constexpr int kOfflinePollMs = 5000;
 constexpr int kOnlinePollMs = 10000;
-
-// Account checks ("/user/profile") wait this long for the service.
-constexpr int kAccountCheckTimeoutMs = 10000;
 
 // A parachute count above this asks the crew to check the parachute.
 constexpr int kParachuteNoticeThreshold = 80;
@@ -65,10 +59,13 @@ CLmCarrowmereMainWindow::CLmCarrowmereMainWindow(QWidget* parent)
     CheckShortcut();
     SetupForm();
     CreatePages();
-    m_pLauncher = new CLmLauncher(m_process, m_threadUpload, this);
-    ConnectLauncher();
     m_pNoticeCenter = new CLmNoticeCenter(this, m_pUi->m_pOnlineView);
     ConnectNotices();
+    m_pAccountSession = new CLmAccountSession(
+        this, m_pUi->m_pLabelUserName,
+        {m_pUi->m_pBtnProjManager, m_pUi->m_pBtnMainWndMaintain, m_pUi->m_pBtnMainWndVireoMoniter});
+    m_pLauncher = new CLmLauncher(m_process, m_threadUpload, this);
+    ConnectLauncher();
 
     SetupConnectInfo();
     InitSystemInfo();
@@ -80,6 +77,7 @@ CLmCarrowmereMainWindow::CLmCarrowmereMainWindow(QWidget* parent)
     m_pUi->m_pMainStackedWidget->addWidget(m_pProjMgrWgt);
     connect(m_pProjMgrWgt, &CLmProjMgrWgt::BackToHome, this, &CLmCarrowmereMainWindow::slotBackToHome);
     m_pProjMgrWgt->hide();
+    ConnectAccountSession();
 
     setWindowTitle(tr("SkyConsole"));
 }
@@ -178,7 +176,7 @@ void CLmCarrowmereMainWindow::ConnectLauncher()
     connect(&m_process, &QProcess::started, this, &CLmCarrowmereMainWindow::slotProcessStarted);
     connect(&m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
             &CLmCarrowmereMainWindow::slotProcessFinished);
-    connect(m_pLauncher, &CLmLauncher::SignInNeeded, this, &CLmCarrowmereMainWindow::AskToSignIn);
+    connect(m_pLauncher, &CLmLauncher::SignInNeeded, m_pAccountSession, &CLmAccountSession::OfferSignIn);
     connect(m_pLauncher, &CLmLauncher::freeSerialPort, this, &CLmCarrowmereMainWindow::freeSerialPort);
     connect(m_pLauncher, &CLmLauncher::freeSerialPort, m_pMaintainPage,
             &CLmCarrowmereMaintainPage::ReleaseDeviceConnection);
@@ -201,6 +199,18 @@ void CLmCarrowmereMainWindow::ConnectNotices()
     connect(m_pNoticeCenter, &CLmNoticeCenter::DownLoadFinished, m_pMaintainPage,
             &CLmCarrowmereMaintainPage::slotDownLoadFinished);
     connect(m_pNoticeCenter, &CLmNoticeCenter::NeedUpgradeSureNewVersion, this, &Window::slotNeedUpgradeSureNewVersion);
+}
+
+void CLmCarrowmereMainWindow::ConnectAccountSession()
+{
+    using Window = CLmCarrowmereMainWindow;
+    connect(m_pAccountSession, &CLmAccountSession::ProfileArrived, this, &Window::slotUserProRet);
+    connect(m_pAccountSession, &CLmAccountSession::SignedIn, m_pNoticeCenter, &CLmNoticeCenter::RefreshPushSubscription);
+    connect(m_pAccountSession, &CLmAccountSession::SignedIn, m_pNoFlyZoneUpgrade.get(), &CLmNoFlyZoneUpgrade::Start);
+    connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pNoticeCenter,
+            &CLmNoticeCenter::RefreshPushSubscription);
+    connect(m_pAccountSession, &CLmAccountSession::SignedOut, this, &Window::slotBackToHome);
+    connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pProjMgrWgt, &CLmProjMgrWgt::Reset);
 }
 
 void CLmCarrowmereMainWindow::InitSystemInfo()
@@ -283,8 +293,13 @@ void CLmCarrowmereMainWindow::slotShowSysMsg()
     if (sender() == m_pUi->m_pBtnSysMessage && m_pUi->m_pBtnSysMessage->text().isEmpty())
         return;
     m_pUserMessagePage->ShowMessageView();
-    m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUserMessagePage);
-    m_pUserMessagePage->show();
+    ShowPage(m_pUserMessagePage);
+}
+
+void CLmCarrowmereMainWindow::ShowPage(QWidget* pPage)
+{
+    m_pUi->m_pMainStackedWidget->setCurrentWidget(pPage);
+    pPage->show();
 }
 
 void CLmCarrowmereMainWindow::slotShowShareMessage()
@@ -468,115 +483,33 @@ void CLmCarrowmereMainWindow::OpenMaintainPage()
 
 bool CLmCarrowmereMainWindow::IsLogin()
 {
-    return CLmSessionStore().IsSignedIn();
+    return m_pAccountSession->IsSignedIn();
 }
 
-void CLmCarrowmereMainWindow::SetAccountButtonsEnabled(bool bEnabled)
+bool CLmCarrowmereMainWindow::ValidAccoutState()
 {
-    m_pUi->m_pBtnProjManager->setEnabled(bEnabled);
-    m_pUi->m_pBtnMainWndMaintain->setEnabled(bEnabled);
-    m_pUi->m_pBtnMainWndVireoMoniter->setEnabled(bEnabled);
+    return m_pAccountSession->CheckStoredSession();
 }
 
 void CLmCarrowmereMainWindow::SetLoginUserInfo()
 {
-    slotAcceptLogin();
-}
-
-void CLmCarrowmereMainWindow::slotAcceptLogin()
-{
-    const SLmUserInfo user = GetCurUserInfo();
-    CLmControl::GetInstance()->SetRouteFolder(CLmControl::GetInstance()->GetAppDataDirectory()
-                                              + QStringLiteral("/Project/") + user.strUserID
-                                              + QStringLiteral("/Vireo_AirLine/"));
-    m_pUi->m_pLabelUserName->setText(user.strNickName);
-    SetAccountButtonsEnabled(true);
-    m_pNoticeCenter->RefreshPushSubscription();
-    m_pNoFlyZoneUpgrade->Start();
-}
-
-void CLmCarrowmereMainWindow::slotUpdateUserInfo()
-{
-    const QString nickName = GetCurUserInfo().strNickName;
-    if (!nickName.isEmpty()) {
-        m_pUi->m_pLabelUserName->setText(nickName);
-        return;
-    }
-    m_pUi->m_pLabelUserName->setText(tr("Sign in"));
-    SetAccountButtonsEnabled(false);
-    m_pNoticeCenter->RefreshPushSubscription();
-    slotBackToHome();
-    m_pProjMgrWgt->Reset();
-}
-
-void CLmCarrowmereMainWindow::ShowNetworkFault()
-{
-    CLmMessageBox box(tr("Network fault"), QLatin1String(kIconOffNetwork), tr("SkyConsole"), CLmMessageBox::BtnOk,
-                      this);
-    box.exec();
-}
-
-void CLmCarrowmereMainWindow::AskToSignIn()
-{
-    if (CLmControl::GetInstance()->IsNetWorkConnected())
-        OpenLoginDialog();
-    else
-        ShowNetworkFault();
-}
-
-void CLmCarrowmereMainWindow::OpenLoginDialog()
-{
-    CLmCarrowmereLoginDialog dialog(this, false);
-    connect(&dialog, &CLmCarrowmereLoginDialog::LoginAccept, this, &CLmCarrowmereMainWindow::slotAcceptLogin);
-    dialog.exec();
+    m_pAccountSession->ShowSignedIn();
 }
 
 void CLmCarrowmereMainWindow::slotUserLogin()
 {
-    if (!CLmControl::GetInstance()->IsNetWorkConnected()) {
-        ShowNetworkFault();
-        return;
-    }
-    if (!IsLogin()) {
-        OpenLoginDialog();
-        return;
-    }
-    CLmNetWorkRequest* request = NewProfileRequest();
-    connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmCarrowmereMainWindow::slotUserProRet);
-    request->PostNetWorkReplyMessage();
+    m_pAccountSession->OpenAccount();
 }
 
-CLmNetWorkRequest* CLmCarrowmereMainWindow::NewProfileRequest()
+void CLmCarrowmereMainWindow::slotAcceptLogin()
 {
-    CLmNetWorkRequest* request = LmCloudRequest::NewSignedIn(LmCloudPath::UserProfile);
-    connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmCarrowmereMainWindow::slotAccountFailed);
-    connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmCarrowmereMainWindow::slotAccountFailed);
-    request->SetNetWorkReplyTimeout(kAccountCheckTimeoutMs);
-    return request;
+    SetLoginUserInfo();
 }
 
 void CLmCarrowmereMainWindow::slotUserProRet(const QByteArray& reply)
 {
     m_pUserMessagePage->ShowProfileView(reply);
-    m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUserMessagePage);
-    m_pUserMessagePage->show();
-}
-
-bool CLmCarrowmereMainWindow::ValidAccoutState()
-{
-    const SLmUserInfo user = GetCurUserInfo();
-    if (user.strToken.isEmpty()) {
-        m_pUi->m_pLabelUserName->setText(tr("Please Login"));
-        return false;
-    }
-    if (CLmControl::GetInstance()->IsNetWorkConnected()) {
-        CLmNetWorkRequest* request = NewProfileRequest();
-        connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmCarrowmereMainWindow::slotAccountState);
-        request->PostNetWorkReplyMessage();
-        return true;
-    }
-    SetLoginUserInfo();
-    return true;
+    ShowPage(m_pUserMessagePage);
 }
 
 void CLmCarrowmereMainWindow::slotAccountState()
@@ -586,25 +519,17 @@ void CLmCarrowmereMainWindow::slotAccountState()
 
 void CLmCarrowmereMainWindow::slotAccountFailed()
 {
-    CLmMessageBox box(tr(" Failed to get user information."), QLatin1String(kIconOffNetwork), tr("SkyConsole"),
-                      CLmMessageBox::BtnOk, this);
-    box.exec();
-    CLmCarrowmereLoginDialog dialog(this, false);
-    connect(&dialog, &CLmCarrowmereLoginDialog::LoginAccept, this, &CLmCarrowmereMainWindow::slotAcceptLogin);
-    if (dialog.exec() == QDialog::Accepted)
-        return;
-    CLmSessionStore().Clear();
-    slotUpdateUserInfo();
+    m_pAccountSession->slotAccountFailed();
 }
 
 void CLmCarrowmereMainWindow::slotShowAccountInfo()
 {
-    if (!CLmControl::GetInstance()->IsNetWorkConnected()) {
-        ShowNetworkFault();
-        return;
-    }
-    if (IsLogin())
-        OpenLoginDialog();
+    m_pAccountSession->ShowAccountInfo();
+}
+
+void CLmCarrowmereMainWindow::slotUpdateUserInfo()
+{
+    m_pAccountSession->ShowStoredUser();
 }
 
 void CLmCarrowmereMainWindow::slotAppBtnClicked()
@@ -635,19 +560,10 @@ void CLmCarrowmereMainWindow::slotOpenShortcut()
 
 void CLmCarrowmereMainWindow::slotCloudBtnClicked()
 {
-    if (!CLmControl::GetInstance()->IsNetWorkConnected()) {
-        ShowNetworkFault();
+    if (!m_pAccountSession->MayOpenCloudPages())
         return;
-    }
-    if (!IsLogin()) {
-        CLmMessageBox box(tr("Please Login"), QLatin1String(kIconOffNetwork), tr("SkyConsole"),
-                          CLmMessageBox::BtnOk, this);
-        box.exec();
-        return;
-    }
     m_pUi->m_pBtnProjManager->SetTipVisible(false);
-    m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pProjMgrWgt);
-    m_pProjMgrWgt->show();
+    ShowPage(m_pProjMgrWgt);
 }
 
 void CLmCarrowmereMainWindow::slotHelpBtnClicked()

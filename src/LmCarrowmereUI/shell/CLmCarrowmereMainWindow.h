@@ -21,13 +21,13 @@ class CLmProjMgrWgt;
 class CLmLinkManager;
 class CLmLinkProvide;
 class CLmFlightDataDbOperator;
-class CLmNetWorkRequest;
 class CLmNetWorkGlobal;
 class CLmUsbDeviceLink;
 class CLmUasProvide;
 class CLmNoFlyZoneUpgrade;
 class CLmLauncher;
 class CLmNoticeCenter;
+class CLmAccountSession;
 
 // The hub's one top-level window: title bar, home page with the launcher,
 // the page stack and the worker threads that talk to the aircraft, upload
@@ -65,21 +65,18 @@ private:
     void SetupConnectInfo();
     void ConnectLauncher();
     void ConnectNotices();
+    void ConnectAccountSession();
     void InitSystemInfo();
     void ReadExistUsbDevice();
     void HandUsbDisksToMaintainPage();
     void ResponseJsonObject(const QJsonObject& obj);
+    void ShowPage(QWidget* pPage);
     void ShowNewMessageIcon();
     void ShowProjectBadge();
     void ShowSystemMessage(const QString& text);
     void OpenMaintainPage();
     void OpenPushLink();
     void SetLoginUserInfo();
-    CLmNetWorkRequest* NewProfileRequest();
-    void SetAccountButtonsEnabled(bool bEnabled);
-    void OpenLoginDialog();
-    void ShowNetworkFault();
-    void AskToSignIn();
 
 private Q_SLOTS:
     void slotBackToHome();
@@ -130,4 +127,5 @@ private:
     bool m_bFirstNetWorkAnswer = false;
     CLmLauncher* m_pLauncher = nullptr;
     CLmNoticeCenter* m_pNoticeCenter = nullptr;
+    CLmAccountSession* m_pAccountSession = nullptr;
 };
