@@ -1,32 +1,27 @@
 #include "CLmCarrowmereMainWindow.h"
 
-#include "LmCarrowmereUILog.h"
 #include "ui_CLmCarrowmereWgt.h"
 
 #include "CLmAccountSession.h"
 #include "CLmCarrowmereMaintainPage.h"
 #include "CLmControl.h"
+#include "CLmDeviceHub.h"
 #include "CLmHardwareCheck.h"
-#include "CLmDeviceChangeFilter.h"
-#include "CLmFlightDataDbOperator.h"
 #include "CLmLauncher.h"
 #include "CLmLinkManager.h"
 #include "CLmLinkProvide.h"
 #include "CLmMessageBox.h"
-#include "CLmNetWorkGlobal.h"
 #include "CLmNoFlyZoneUpgrade.h"
 #include "CLmNoticeCenter.h"
 #include "CLmProjMgrWgt.h"
 #include "CLmSessionStore.h"
 #include "CLmShareNotifier.h"
-#include "CLmUAVConnectObj.h"
 #include "CLmUasProvide.h"
 #include "CLmUsbDeviceLink.h"
 #include "CLmUserMessagePage.h"
 #include "LmCloudPaths.h"
 #include "LmConstants.h"
 #include "LmPushText.h"
-#include "LmUsbDiskText.h"
 #include "mavlink_message_t.h"
 
 #include <QApplication>
@@ -40,12 +35,13 @@ namespace {
 const char kIconShareOk[] = ":/images/Normal/Home/HomeFile_share_ok_ic.png";
 const char kIconExit[] = ":/images/Normal/Home/HomeFilebut_receive_ic.png";
 
-// The network tester's period until the cloud has been reached once, and after.
-constexpr int kOfflinePollMs = 5000;
-constexpr int kOnlinePollMs = 10000;
-
-// A parachute count above this asks the crew to check the parachute.
-constexpr int kParachuteNoticeThreshold = 80;
+// The title bar's icons are images named in their buttons' style sheets.
+void SwapStyleImage(QWidget* pButton, const QString& from, const QString& to)
+{
+    QString style = pButton->styleSheet();
+    style.replace(from, to, Qt::CaseSensitive);
+    pButton->setStyleSheet(style);
+}
 
 }  // namespace
 
@@ -59,26 +55,22 @@ CLmCarrowmereMainWindow::CLmCarrowmereMainWindow(QWidget* parent)
     CheckShortcut();
     SetupForm();
     CreatePages();
+    m_pLinkManager = new CLmLinkManager(this);
     m_pNoticeCenter = new CLmNoticeCenter(this, m_pUi->m_pOnlineView);
     ConnectNotices();
     m_pAccountSession = new CLmAccountSession(
         this, m_pUi->m_pLabelUserName,
         {m_pUi->m_pBtnProjManager, m_pUi->m_pBtnMainWndMaintain, m_pUi->m_pBtnMainWndVireoMoniter});
+    ConnectAccountSession();
     m_pLauncher = new CLmLauncher(m_process, m_threadUpload, this);
     ConnectLauncher();
+    m_pDeviceHub = std::make_unique<CLmDeviceHub>(m_threadUAV, m_threadUpload, m_threadNetWork, m_pLinkManager,
+                                                  m_pMaintainPage, std::make_unique<CLmUsbDeviceLink>(nullptr));
+    ConnectDeviceHub();
 
     SetupConnectInfo();
     InitSystemInfo();
     ReadExistUsbDevice();
-
-    m_pLinkManager = new CLmLinkManager(this);
-
-    m_pProjMgrWgt = new CLmProjMgrWgt(this);
-    m_pUi->m_pMainStackedWidget->addWidget(m_pProjMgrWgt);
-    connect(m_pProjMgrWgt, &CLmProjMgrWgt::BackToHome, this, &CLmCarrowmereMainWindow::slotBackToHome);
-    m_pProjMgrWgt->hide();
-    ConnectAccountSession();
-
     setWindowTitle(tr("SkyConsole"));
 }
 
@@ -90,10 +82,8 @@ CLmCarrowmereMainWindow::~CLmCarrowmereMainWindow()
             thread->wait();
         }
     }
-    // The tester and the uploader belong to threads that have ended now.
-    delete m_pNetWorkGlobal;
-    delete m_pFlightDataDbOperator;
-    delete m_pUsbDeviceLink;
+    // The hub's workers belong to threads that have ended now.
+    m_pDeviceHub.reset();
 }
 
 void CLmCarrowmereMainWindow::SetupForm()
@@ -116,27 +106,26 @@ void CLmCarrowmereMainWindow::SetupForm()
         m_listAppBtns.at(i)->setAccessibleName(accessibleNames.at(i));
 }
 
+// A page joins the stack and comes back home through its BackToHome.
+template <class TPage>
+TPage* CLmCarrowmereMainWindow::AddPage(TPage* pPage)
+{
+    m_pUi->m_pMainStackedWidget->addWidget(pPage);
+    connect(pPage, &TPage::BackToHome, this, &CLmCarrowmereMainWindow::slotBackToHome);
+    return pPage;
+}
+
 void CLmCarrowmereMainWindow::CreatePages()
 {
-    if (!m_pMaintainPage) {
-        m_pMaintainPage = new CLmCarrowmereMaintainPage(this);
-        m_pUi->m_pMainStackedWidget->addWidget(m_pMaintainPage);
-        connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::BackToHome, this,
-                &CLmCarrowmereMainWindow::slotBackToHome);
-        connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::NeedUpgrade, this,
-                &CLmCarrowmereMainWindow::slotMarkUpgrade);
-        m_pMaintainPage->SetMainWindow(this);
-    }
-    if (!m_pUserMessagePage) {
-        m_pUserMessagePage = new CLmUserMessagePage(this);
-        m_pUi->m_pMainStackedWidget->addWidget(m_pUserMessagePage);
-        connect(m_pUserMessagePage, &CLmUserMessagePage::saveUserInfoSucced, this,
-                &CLmCarrowmereMainWindow::slotUpdateUserInfo);
-        connect(m_pUserMessagePage, &CLmUserMessagePage::LogoutSucced, this,
-                &CLmCarrowmereMainWindow::slotUpdateUserInfo);
-        connect(m_pUserMessagePage, &CLmUserMessagePage::BackToHome, this,
-                &CLmCarrowmereMainWindow::slotBackToHome);
-    }
+    using Window = CLmCarrowmereMainWindow;
+    m_pMaintainPage = AddPage(new CLmCarrowmereMaintainPage(this));
+    connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::NeedUpgrade, this, &Window::slotMarkUpgrade);
+    m_pMaintainPage->SetMainWindow(this);
+    m_pUserMessagePage = AddPage(new CLmUserMessagePage(this));
+    connect(m_pUserMessagePage, &CLmUserMessagePage::saveUserInfoSucced, this, &Window::slotUpdateUserInfo);
+    connect(m_pUserMessagePage, &CLmUserMessagePage::LogoutSucced, this, &Window::slotUpdateUserInfo);
+    m_pProjMgrWgt = AddPage(new CLmProjMgrWgt(this));
+    m_pProjMgrWgt->hide();
 }
 
 void CLmCarrowmereMainWindow::CheckShortcut()
@@ -213,6 +202,18 @@ void CLmCarrowmereMainWindow::ConnectAccountSession()
     connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pProjMgrWgt, &CLmProjMgrWgt::Reset);
 }
 
+void CLmCarrowmereMainWindow::ConnectDeviceHub()
+{
+    using Window = CLmCarrowmereMainWindow;
+    connect(this, &Window::freeSerialPort, m_pDeviceHub.get(), &CLmDeviceHub::freeSerialPort);
+    connect(this, &Window::connectSerialPort, m_pDeviceHub.get(), &CLmDeviceHub::connectSerialPort);
+    connect(this, &Window::uploadFlightData, m_pDeviceHub.get(), &CLmDeviceHub::uploadFlightData);
+    connect(m_pProjMgrWgt, &CLmProjMgrWgt::parseJsonArray, m_pDeviceHub.get(), &CLmDeviceHub::parseJsonArray);
+    connect(m_pDeviceHub.get(), &CLmDeviceHub::AircraftLost, m_pNoticeCenter, &CLmNoticeCenter::ForgetFirmwareOffer);
+    connect(m_pDeviceHub.get(), &CLmDeviceHub::NetWorkStateChanged, this, &Window::ShowNetWorkState);
+    connect(m_pDeviceHub.get(), &CLmDeviceHub::FirstNetWorkAnswer, this, &Window::StartCloudWork);
+}
+
 void CLmCarrowmereMainWindow::InitSystemInfo()
 {
     m_pUi->m_pLabelTestVersion->setVisible(IsTestServer());
@@ -225,21 +226,7 @@ void CLmCarrowmereMainWindow::InitSystemInfo()
 
 void CLmCarrowmereMainWindow::ReadExistUsbDevice()
 {
-    if (!m_pUsbDeviceLink) {
-        m_pUsbDeviceLink = new CLmUsbDeviceLink(nullptr);
-        // On desktops that report volumes themselves the watcher notices
-        // arrival and removal on its own.
-        connect(m_pUsbDeviceLink, &CLmUsbDeviceLink::DiskListChanged, this,
-                &CLmCarrowmereMainWindow::HandUsbDisksToMaintainPage);
-    }
-    m_pUsbDeviceLink->Init();
-    if (!m_pUsbDeviceLink->GetCheckedDisk().isEmpty())
-        HandUsbDisksToMaintainPage();
-}
-
-void CLmCarrowmereMainWindow::HandUsbDisksToMaintainPage()
-{
-    m_pMaintainPage->SetUsbDisks(LmUsbDiskText::Lines(m_pUsbDeviceLink->GetCheckedDisk()));
+    m_pDeviceHub->ReadExistUsbDevice();
 }
 
 int CLmCarrowmereMainWindow::ComputeDBFileCount()
@@ -315,9 +302,7 @@ void CLmCarrowmereMainWindow::ShowProjectBadge()
 
 void CLmCarrowmereMainWindow::ShowNewMessageIcon()
 {
-    QString style = m_pUi->m_pBtnMessage->styleSheet();
-    style.replace(QStringLiteral("Mymessage_Nonews_ic"), QStringLiteral("Mymessage_news_ic"), Qt::CaseSensitive);
-    m_pUi->m_pBtnMessage->setStyleSheet(style);
+    SwapStyleImage(m_pUi->m_pBtnMessage, QStringLiteral("Mymessage_Nonews_ic"), QStringLiteral("Mymessage_news_ic"));
 }
 
 // A news text makes the system message clickable.
@@ -339,24 +324,12 @@ void CLmCarrowmereMainWindow::slotBytesReceived(CLmLinkProvide* pLink, QByteArra
         ResponseJsonObject(notice);
 }
 
+// Device changes are watched, never consumed.
 bool CLmCarrowmereMainWindow::nativeEvent(const QByteArray& eventType, void* message, long* result)
 {
-    if (m_pUsbDeviceLink) {
-        unsigned long driveMask = 0;
-        switch (CLmDeviceChangeFilter::DecodeNative(eventType, message, &driveMask)) {
-        case CLmDeviceChangeFilter::DiskArrival:
-            m_pUsbDeviceLink->AddDisk(driveMask);
-            HandUsbDisksToMaintainPage();
-            break;
-        case CLmDeviceChangeFilter::DiskRemoval:
-            m_pUsbDeviceLink->RemoveDisk(driveMask);
-            HandUsbDisksToMaintainPage();
-            break;
-        case CLmDeviceChangeFilter::NoAction:
-            break;
-        }
-    }
     Q_UNUSED(result)
+    if (m_pDeviceHub)
+        m_pDeviceHub->TakeDeviceChange(eventType, message);
     return false;
 }
 
@@ -389,84 +362,44 @@ void CLmCarrowmereMainWindow::mouseReleaseEvent(QMouseEvent* event)
 
 void CLmCarrowmereMainWindow::ConnectSerialPort()
 {
-    auto* worker = new CLmUAVConnectObj(m_pLinkManager, nullptr);
-    connect(worker, &CLmUAVConnectObj::UAV_connected, this, &CLmCarrowmereMainWindow::slotUasConnected);
-    connect(worker, &CLmUAVConnectObj::planeInfo, m_pMaintainPage, &CLmCarrowmereMaintainPage::slotRecivePlaneInfo);
-    connect(worker, &CLmUAVConnectObj::multirotor_planeInfo, m_pMaintainPage,
-            &CLmCarrowmereMaintainPage::slotReciveMultirotorPlaneInfo);
-    connect(worker, &CLmUAVConnectObj::KeyStatusString, m_pMaintainPage,
-            &CLmCarrowmereMaintainPage::slotKeyStatusString);
-    connect(worker, &CLmUAVConnectObj::UAV_disconnected, this, &CLmCarrowmereMainWindow::slotUasDisConnected);
-    connect(worker, &CLmUAVConnectObj::NeedNotifyParachute, this, &CLmCarrowmereMainWindow::slotNeedNotifyParachute);
-    connect(this, &CLmCarrowmereMainWindow::freeSerialPort, worker, &CLmUAVConnectObj::slotFreeSerialPort);
-    connect(this, &CLmCarrowmereMainWindow::connectSerialPort, worker, &CLmUAVConnectObj::slotConnectSerialPort);
-    worker->moveToThread(&m_threadUAV);
-    connect(&m_threadUAV, &QThread::started, worker, &CLmUAVConnectObj::slotConnectUAVStart);
-    connect(&m_threadUAV, &QThread::finished, worker, &QObject::deleteLater);
-    m_threadUAV.start(QThread::InheritPriority);
+    m_pDeviceHub->ConnectSerialPort();
 }
 
 void CLmCarrowmereMainWindow::ConnectUploadData()
 {
-    if (!m_pFlightDataDbOperator) {
-        m_pFlightDataDbOperator = new CLmFlightDataDbOperator(nullptr, EUploadEnv(2));
-        connect(m_pProjMgrWgt, &CLmProjMgrWgt::parseJsonArray, m_pFlightDataDbOperator,
-                &CLmFlightDataDbOperator::slotParseJson);
-        connect(this, &CLmCarrowmereMainWindow::uploadFlightData, m_pFlightDataDbOperator,
-                &CLmFlightDataDbOperator::slotStartUploadTimer);
-        m_pFlightDataDbOperator->moveToThread(&m_threadUpload);
-    }
-    connect(&m_threadUpload, &QThread::started, m_pFlightDataDbOperator, &CLmFlightDataDbOperator::slotCheckNewData);
-    m_threadUpload.start(QThread::InheritPriority);
+    m_pDeviceHub->ConnectUploadData();
 }
 
 void CLmCarrowmereMainWindow::TestNetworkConnect()
 {
-    if (!m_pNetWorkGlobal) {
-        m_pNetWorkGlobal = new CLmNetWorkGlobal(nullptr);
-        connect(m_pNetWorkGlobal, &CLmNetWorkGlobal::NetWorkConnectState, this,
-                &CLmCarrowmereMainWindow::slotNetWorkStateRet);
-        connect(&m_threadNetWork, &QThread::started, m_pNetWorkGlobal,
-                &CLmNetWorkGlobal::slotTestNetWorkConnectState);
-        // Runs in the ending thread itself, so its timer stops where it lives.
-        connect(&m_threadNetWork, &QThread::finished, m_pNetWorkGlobal, &CLmNetWorkGlobal::StopProbing,
-                Qt::DirectConnection);
-        m_pNetWorkGlobal->moveToThread(&m_threadNetWork);
-    }
-    m_threadNetWork.start(QThread::InheritPriority);
+    m_pDeviceHub->TestNetworkConnect();
 }
 
 void CLmCarrowmereMainWindow::slotNetWorkStateRet(bool bOnline)
 {
-    qCDebug(lcMainWnd) << "cloud" << (bOnline ? "online" : "offline") << "first answer:" << !m_bFirstNetWorkAnswer;
-    CLmControl::GetInstance()->SetNetWorkState(bOnline);
-    QString style = m_pUi->m_pBtnNetWorkState->styleSheet();
-    if (bOnline)
-        style.replace(QStringLiteral("Home_WiFi_Disconnected_ic"), QStringLiteral("Home_WiFi_Online_ic"));
-    else
-        style.replace(QStringLiteral("Home_WiFi_Online_ic"), QStringLiteral("Home_WiFi_Disconnected_ic"));
-    m_pUi->m_pBtnNetWorkState->setStyleSheet(style);
-    if (!bOnline)
-        m_threadNetWork.start(QThread::InheritPriority);
+    m_pDeviceHub->slotNetWorkStateRet(bOnline);
+}
 
-    if (m_bFirstNetWorkAnswer)
-        return;
-    m_threadNetWork.quit();
-    m_threadNetWork.wait();
-    m_bFirstNetWorkAnswer = true;
+void CLmCarrowmereMainWindow::ShowNetWorkState(bool bOnline)
+{
+    const QString online = QStringLiteral("Home_WiFi_Online_ic");
+    const QString offline = QStringLiteral("Home_WiFi_Disconnected_ic");
+    SwapStyleImage(m_pUi->m_pBtnNetWorkState, bOnline ? offline : online, bOnline ? online : offline);
+}
+
+// Whatever the first answer of the network tester says, the stored session
+// is looked at; the news, the update checks and the push channel start only
+// when that first answer is online.
+void CLmCarrowmereMainWindow::StartCloudWork(bool bOnline)
+{
     ValidAccoutState();
-    if (bOnline) {
-        m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUi->m_pHomePage);
-        m_pUi->m_pHomeStackedWidget->setCurrentWidget(m_pUi->m_pOnlineView);
-        m_pNoticeCenter->ShowNews(QUrl::fromEncoded(GetPageIP() + LmCloudPath::NewsPage));
-        m_pNetWorkGlobal->SetTimerInterval(kOnlinePollMs);
-        m_threadNetWork.start(QThread::InheritPriority);
-        m_pNoticeCenter->StartUpdateChecks();
-        OpenPushLink();
-    } else {
-        m_pNetWorkGlobal->SetTimerInterval(kOfflinePollMs);
-        m_threadNetWork.start(QThread::InheritPriority);
-    }
+    if (!bOnline)
+        return;
+    m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUi->m_pHomePage);
+    m_pUi->m_pHomeStackedWidget->setCurrentWidget(m_pUi->m_pOnlineView);
+    m_pNoticeCenter->ShowNews(QUrl::fromEncoded(GetPageIP() + LmCloudPath::NewsPage));
+    m_pNoticeCenter->StartUpdateChecks();
+    OpenPushLink();
 }
 
 void CLmCarrowmereMainWindow::slotMarkUpgrade(bool bNeed)
@@ -573,21 +506,17 @@ void CLmCarrowmereMainWindow::slotHelpBtnClicked()
 
 void CLmCarrowmereMainWindow::slotUasConnected(CLmUasProvide* pUas)
 {
-    qCDebug(lcMainWnd) << "Uas connect";
-    m_pMaintainPage->SetCurrentUas(pUas);
+    m_pDeviceHub->slotUasConnected(pUas);
 }
 
 void CLmCarrowmereMainWindow::slotUasDisConnected(CLmUasProvide* pUas)
 {
-    Q_UNUSED(pUas)
-    qCDebug(lcMainWnd) << "Uas Disconnect";
-    m_pMaintainPage->SetCurrentUas(nullptr);
-    m_pNoticeCenter->ForgetFirmwareOffer();
+    m_pDeviceHub->slotUasDisConnected(pUas);
 }
 
 void CLmCarrowmereMainWindow::slotNeedNotifyParachute(int count)
 {
-    m_pMaintainPage->SetParachuteNotice(count > kParachuteNoticeThreshold);
+    m_pDeviceHub->slotNeedNotifyParachute(count);
 }
 
 void CLmCarrowmereMainWindow::OpenPushLink()
