@@ -1,34 +1,27 @@
 #include "CLmCarrowmereMainWindow.h"
 
-#include "LmCarrowmereUILog.h"
 #include "ui_CLmCarrowmereWgt.h"
 
+#include "CLmAccountSession.h"
 #include "CLmCarrowmereMaintainPage.h"
-#include "CLmCarrowmereLoginDialog.h"
 #include "CLmControl.h"
+#include "CLmDeviceHub.h"
 #include "CLmHardwareCheck.h"
-#include "CLmDeviceChangeFilter.h"
-#include "CLmFlightDataDbOperator.h"
 #include "CLmLauncher.h"
 #include "CLmLinkManager.h"
 #include "CLmLinkProvide.h"
 #include "CLmMessageBox.h"
-#include "CLmNetWorkGlobal.h"
-#include "CLmNetWorkRequest.h"
 #include "CLmNoFlyZoneUpgrade.h"
 #include "CLmNoticeCenter.h"
 #include "CLmProjMgrWgt.h"
 #include "CLmSessionStore.h"
 #include "CLmShareNotifier.h"
-#include "CLmUAVConnectObj.h"
 #include "CLmUasProvide.h"
 #include "CLmUsbDeviceLink.h"
 #include "CLmUserMessagePage.h"
 #include "LmCloudPaths.h"
-#include "LmCloudRequest.h"
 #include "LmConstants.h"
 #include "LmPushText.h"
-#include "LmUsbDiskText.h"
 #include "mavlink_message_t.h"
 
 #include <QApplication>
@@ -41,17 +34,14 @@ namespace {
 
 const char kIconShareOk[] = ":/images/Normal/Home/HomeFile_share_ok_ic.png";
 const char kIconExit[] = ":/images/Normal/Home/HomeFilebut_receive_ic.png";
-const char kIconOffNetwork[] = ":/images/Normal/userinfo/off_network_ico.png";
 
-// The network tester's period until the cloud has been reached once, and after.
-constexpr int kOfflinePollMs = 5000;
-constexpr int kOnlinePollMs = 10000;
-
-// Account checks ("/user/profile") wait this long for the service.
-constexpr int kAccountCheckTimeoutMs = 10000;
-
-// A parachute count above this asks the crew to check the parachute.
-constexpr int kParachuteNoticeThreshold = 80;
+// The title bar's icons are images named in their buttons' style sheets.
+void SwapStyleImage(QWidget* pButton, const QString& from, const QString& to)
+{
+    QString style = pButton->styleSheet();
+    style.replace(from, to, Qt::CaseSensitive);
+    pButton->setStyleSheet(style);
+}
 
 }  // namespace
 
@@ -65,22 +55,22 @@ CLmCarrowmereMainWindow::CLmCarrowmereMainWindow(QWidget* parent)
     CheckShortcut();
     SetupForm();
     CreatePages();
-    m_pLauncher = new CLmLauncher(m_process, m_threadUpload, this);
-    ConnectLauncher();
+    m_pLinkManager = new CLmLinkManager(this);
     m_pNoticeCenter = new CLmNoticeCenter(this, m_pUi->m_pOnlineView);
     ConnectNotices();
+    m_pAccountSession = new CLmAccountSession(
+        this, m_pUi->m_pLabelUserName,
+        {m_pUi->m_pBtnProjManager, m_pUi->m_pBtnMainWndMaintain, m_pUi->m_pBtnMainWndVireoMoniter});
+    ConnectAccountSession();
+    m_pLauncher = new CLmLauncher(m_process, m_threadUpload, this);
+    ConnectLauncher();
+    m_pDeviceHub = std::make_unique<CLmDeviceHub>(m_threadUAV, m_threadUpload, m_threadNetWork, m_pLinkManager,
+                                                  m_pMaintainPage, std::make_unique<CLmUsbDeviceLink>(nullptr));
+    ConnectDeviceHub();
 
     SetupConnectInfo();
     InitSystemInfo();
     ReadExistUsbDevice();
-
-    m_pLinkManager = new CLmLinkManager(this);
-
-    m_pProjMgrWgt = new CLmProjMgrWgt(this);
-    m_pUi->m_pMainStackedWidget->addWidget(m_pProjMgrWgt);
-    connect(m_pProjMgrWgt, &CLmProjMgrWgt::BackToHome, this, &CLmCarrowmereMainWindow::slotBackToHome);
-    m_pProjMgrWgt->hide();
-
     setWindowTitle(tr("SkyConsole"));
 }
 
@@ -92,10 +82,8 @@ CLmCarrowmereMainWindow::~CLmCarrowmereMainWindow()
             thread->wait();
         }
     }
-    // The tester and the uploader belong to threads that have ended now.
-    delete m_pNetWorkGlobal;
-    delete m_pFlightDataDbOperator;
-    delete m_pUsbDeviceLink;
+    // The hub's workers belong to threads that have ended now.
+    m_pDeviceHub.reset();
 }
 
 void CLmCarrowmereMainWindow::SetupForm()
@@ -118,27 +106,26 @@ void CLmCarrowmereMainWindow::SetupForm()
         m_listAppBtns.at(i)->setAccessibleName(accessibleNames.at(i));
 }
 
+// A page joins the stack and comes back home through its BackToHome.
+template <class TPage>
+TPage* CLmCarrowmereMainWindow::AddPage(TPage* pPage)
+{
+    m_pUi->m_pMainStackedWidget->addWidget(pPage);
+    connect(pPage, &TPage::BackToHome, this, &CLmCarrowmereMainWindow::slotBackToHome);
+    return pPage;
+}
+
 void CLmCarrowmereMainWindow::CreatePages()
 {
-    if (!m_pMaintainPage) {
-        m_pMaintainPage = new CLmCarrowmereMaintainPage(this);
-        m_pUi->m_pMainStackedWidget->addWidget(m_pMaintainPage);
-        connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::BackToHome, this,
-                &CLmCarrowmereMainWindow::slotBackToHome);
-        connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::NeedUpgrade, this,
-                &CLmCarrowmereMainWindow::slotMarkUpgrade);
-        m_pMaintainPage->SetMainWindow(this);
-    }
-    if (!m_pUserMessagePage) {
-        m_pUserMessagePage = new CLmUserMessagePage(this);
-        m_pUi->m_pMainStackedWidget->addWidget(m_pUserMessagePage);
-        connect(m_pUserMessagePage, &CLmUserMessagePage::saveUserInfoSucced, this,
-                &CLmCarrowmereMainWindow::slotUpdateUserInfo);
-        connect(m_pUserMessagePage, &CLmUserMessagePage::LogoutSucced, this,
-                &CLmCarrowmereMainWindow::slotUpdateUserInfo);
-        connect(m_pUserMessagePage, &CLmUserMessagePage::BackToHome, this,
-                &CLmCarrowmereMainWindow::slotBackToHome);
-    }
+    using Window = CLmCarrowmereMainWindow;
+    m_pMaintainPage = AddPage(new CLmCarrowmereMaintainPage(this));
+    connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::NeedUpgrade, this, &Window::slotMarkUpgrade);
+    m_pMaintainPage->SetMainWindow(this);
+    m_pUserMessagePage = AddPage(new CLmUserMessagePage(this));
+    connect(m_pUserMessagePage, &CLmUserMessagePage::saveUserInfoSucced, this, &Window::slotUpdateUserInfo);
+    connect(m_pUserMessagePage, &CLmUserMessagePage::LogoutSucced, this, &Window::slotUpdateUserInfo);
+    m_pProjMgrWgt = AddPage(new CLmProjMgrWgt(this));
+    m_pProjMgrWgt->hide();
 }
 
 void CLmCarrowmereMainWindow::CheckShortcut()
@@ -178,7 +165,7 @@ void CLmCarrowmereMainWindow::ConnectLauncher()
     connect(&m_process, &QProcess::started, this, &CLmCarrowmereMainWindow::slotProcessStarted);
     connect(&m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
             &CLmCarrowmereMainWindow::slotProcessFinished);
-    connect(m_pLauncher, &CLmLauncher::SignInNeeded, this, &CLmCarrowmereMainWindow::AskToSignIn);
+    connect(m_pLauncher, &CLmLauncher::SignInNeeded, m_pAccountSession, &CLmAccountSession::OfferSignIn);
     connect(m_pLauncher, &CLmLauncher::freeSerialPort, this, &CLmCarrowmereMainWindow::freeSerialPort);
     connect(m_pLauncher, &CLmLauncher::freeSerialPort, m_pMaintainPage,
             &CLmCarrowmereMaintainPage::ReleaseDeviceConnection);
@@ -203,6 +190,30 @@ void CLmCarrowmereMainWindow::ConnectNotices()
     connect(m_pNoticeCenter, &CLmNoticeCenter::NeedUpgradeSureNewVersion, this, &Window::slotNeedUpgradeSureNewVersion);
 }
 
+void CLmCarrowmereMainWindow::ConnectAccountSession()
+{
+    using Window = CLmCarrowmereMainWindow;
+    connect(m_pAccountSession, &CLmAccountSession::ProfileArrived, this, &Window::slotUserProRet);
+    connect(m_pAccountSession, &CLmAccountSession::SignedIn, m_pNoticeCenter, &CLmNoticeCenter::RefreshPushSubscription);
+    connect(m_pAccountSession, &CLmAccountSession::SignedIn, m_pNoFlyZoneUpgrade.get(), &CLmNoFlyZoneUpgrade::Start);
+    connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pNoticeCenter,
+            &CLmNoticeCenter::RefreshPushSubscription);
+    connect(m_pAccountSession, &CLmAccountSession::SignedOut, this, &Window::slotBackToHome);
+    connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pProjMgrWgt, &CLmProjMgrWgt::Reset);
+}
+
+void CLmCarrowmereMainWindow::ConnectDeviceHub()
+{
+    using Window = CLmCarrowmereMainWindow;
+    connect(this, &Window::freeSerialPort, m_pDeviceHub.get(), &CLmDeviceHub::freeSerialPort);
+    connect(this, &Window::connectSerialPort, m_pDeviceHub.get(), &CLmDeviceHub::connectSerialPort);
+    connect(this, &Window::uploadFlightData, m_pDeviceHub.get(), &CLmDeviceHub::uploadFlightData);
+    connect(m_pProjMgrWgt, &CLmProjMgrWgt::parseJsonArray, m_pDeviceHub.get(), &CLmDeviceHub::parseJsonArray);
+    connect(m_pDeviceHub.get(), &CLmDeviceHub::AircraftLost, m_pNoticeCenter, &CLmNoticeCenter::ForgetFirmwareOffer);
+    connect(m_pDeviceHub.get(), &CLmDeviceHub::NetWorkStateChanged, this, &Window::ShowNetWorkState);
+    connect(m_pDeviceHub.get(), &CLmDeviceHub::FirstNetWorkAnswer, this, &Window::StartCloudWork);
+}
+
 void CLmCarrowmereMainWindow::InitSystemInfo()
 {
     m_pUi->m_pLabelTestVersion->setVisible(IsTestServer());
@@ -215,21 +226,7 @@ void CLmCarrowmereMainWindow::InitSystemInfo()
 
 void CLmCarrowmereMainWindow::ReadExistUsbDevice()
 {
-    if (!m_pUsbDeviceLink) {
-        m_pUsbDeviceLink = new CLmUsbDeviceLink(nullptr);
-        // On desktops that report volumes themselves the watcher notices
-        // arrival and removal on its own.
-        connect(m_pUsbDeviceLink, &CLmUsbDeviceLink::DiskListChanged, this,
-                &CLmCarrowmereMainWindow::HandUsbDisksToMaintainPage);
-    }
-    m_pUsbDeviceLink->Init();
-    if (!m_pUsbDeviceLink->GetCheckedDisk().isEmpty())
-        HandUsbDisksToMaintainPage();
-}
-
-void CLmCarrowmereMainWindow::HandUsbDisksToMaintainPage()
-{
-    m_pMaintainPage->SetUsbDisks(LmUsbDiskText::Lines(m_pUsbDeviceLink->GetCheckedDisk()));
+    m_pDeviceHub->ReadExistUsbDevice();
 }
 
 int CLmCarrowmereMainWindow::ComputeDBFileCount()
@@ -283,8 +280,13 @@ void CLmCarrowmereMainWindow::slotShowSysMsg()
     if (sender() == m_pUi->m_pBtnSysMessage && m_pUi->m_pBtnSysMessage->text().isEmpty())
         return;
     m_pUserMessagePage->ShowMessageView();
-    m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUserMessagePage);
-    m_pUserMessagePage->show();
+    ShowPage(m_pUserMessagePage);
+}
+
+void CLmCarrowmereMainWindow::ShowPage(QWidget* pPage)
+{
+    m_pUi->m_pMainStackedWidget->setCurrentWidget(pPage);
+    pPage->show();
 }
 
 void CLmCarrowmereMainWindow::slotShowShareMessage()
@@ -300,9 +302,7 @@ void CLmCarrowmereMainWindow::ShowProjectBadge()
 
 void CLmCarrowmereMainWindow::ShowNewMessageIcon()
 {
-    QString style = m_pUi->m_pBtnMessage->styleSheet();
-    style.replace(QStringLiteral("Mymessage_Nonews_ic"), QStringLiteral("Mymessage_news_ic"), Qt::CaseSensitive);
-    m_pUi->m_pBtnMessage->setStyleSheet(style);
+    SwapStyleImage(m_pUi->m_pBtnMessage, QStringLiteral("Mymessage_Nonews_ic"), QStringLiteral("Mymessage_news_ic"));
 }
 
 // A news text makes the system message clickable.
@@ -324,24 +324,12 @@ void CLmCarrowmereMainWindow::slotBytesReceived(CLmLinkProvide* pLink, QByteArra
         ResponseJsonObject(notice);
 }
 
+// Device changes are watched, never consumed.
 bool CLmCarrowmereMainWindow::nativeEvent(const QByteArray& eventType, void* message, long* result)
 {
-    if (m_pUsbDeviceLink) {
-        unsigned long driveMask = 0;
-        switch (CLmDeviceChangeFilter::DecodeNative(eventType, message, &driveMask)) {
-        case CLmDeviceChangeFilter::DiskArrival:
-            m_pUsbDeviceLink->AddDisk(driveMask);
-            HandUsbDisksToMaintainPage();
-            break;
-        case CLmDeviceChangeFilter::DiskRemoval:
-            m_pUsbDeviceLink->RemoveDisk(driveMask);
-            HandUsbDisksToMaintainPage();
-            break;
-        case CLmDeviceChangeFilter::NoAction:
-            break;
-        }
-    }
     Q_UNUSED(result)
+    if (m_pDeviceHub)
+        m_pDeviceHub->TakeDeviceChange(eventType, message);
     return false;
 }
 
@@ -374,84 +362,44 @@ void CLmCarrowmereMainWindow::mouseReleaseEvent(QMouseEvent* event)
 
 void CLmCarrowmereMainWindow::ConnectSerialPort()
 {
-    auto* worker = new CLmUAVConnectObj(m_pLinkManager, nullptr);
-    connect(worker, &CLmUAVConnectObj::UAV_connected, this, &CLmCarrowmereMainWindow::slotUasConnected);
-    connect(worker, &CLmUAVConnectObj::planeInfo, m_pMaintainPage, &CLmCarrowmereMaintainPage::slotRecivePlaneInfo);
-    connect(worker, &CLmUAVConnectObj::multirotor_planeInfo, m_pMaintainPage,
-            &CLmCarrowmereMaintainPage::slotReciveMultirotorPlaneInfo);
-    connect(worker, &CLmUAVConnectObj::KeyStatusString, m_pMaintainPage,
-            &CLmCarrowmereMaintainPage::slotKeyStatusString);
-    connect(worker, &CLmUAVConnectObj::UAV_disconnected, this, &CLmCarrowmereMainWindow::slotUasDisConnected);
-    connect(worker, &CLmUAVConnectObj::NeedNotifyParachute, this, &CLmCarrowmereMainWindow::slotNeedNotifyParachute);
-    connect(this, &CLmCarrowmereMainWindow::freeSerialPort, worker, &CLmUAVConnectObj::slotFreeSerialPort);
-    connect(this, &CLmCarrowmereMainWindow::connectSerialPort, worker, &CLmUAVConnectObj::slotConnectSerialPort);
-    worker->moveToThread(&m_threadUAV);
-    connect(&m_threadUAV, &QThread::started, worker, &CLmUAVConnectObj::slotConnectUAVStart);
-    connect(&m_threadUAV, &QThread::finished, worker, &QObject::deleteLater);
-    m_threadUAV.start(QThread::InheritPriority);
+    m_pDeviceHub->ConnectSerialPort();
 }
 
 void CLmCarrowmereMainWindow::ConnectUploadData()
 {
-    if (!m_pFlightDataDbOperator) {
-        m_pFlightDataDbOperator = new CLmFlightDataDbOperator(nullptr, EUploadEnv(2));
-        connect(m_pProjMgrWgt, &CLmProjMgrWgt::parseJsonArray, m_pFlightDataDbOperator,
-                &CLmFlightDataDbOperator::slotParseJson);
-        connect(this, &CLmCarrowmereMainWindow::uploadFlightData, m_pFlightDataDbOperator,
-                &CLmFlightDataDbOperator::slotStartUploadTimer);
-        m_pFlightDataDbOperator->moveToThread(&m_threadUpload);
-    }
-    connect(&m_threadUpload, &QThread::started, m_pFlightDataDbOperator, &CLmFlightDataDbOperator::slotCheckNewData);
-    m_threadUpload.start(QThread::InheritPriority);
+    m_pDeviceHub->ConnectUploadData();
 }
 
 void CLmCarrowmereMainWindow::TestNetworkConnect()
 {
-    if (!m_pNetWorkGlobal) {
-        m_pNetWorkGlobal = new CLmNetWorkGlobal(nullptr);
-        connect(m_pNetWorkGlobal, &CLmNetWorkGlobal::NetWorkConnectState, this,
-                &CLmCarrowmereMainWindow::slotNetWorkStateRet);
-        connect(&m_threadNetWork, &QThread::started, m_pNetWorkGlobal,
-                &CLmNetWorkGlobal::slotTestNetWorkConnectState);
-        // Runs in the ending thread itself, so its timer stops where it lives.
-        connect(&m_threadNetWork, &QThread::finished, m_pNetWorkGlobal, &CLmNetWorkGlobal::StopProbing,
-                Qt::DirectConnection);
-        m_pNetWorkGlobal->moveToThread(&m_threadNetWork);
-    }
-    m_threadNetWork.start(QThread::InheritPriority);
+    m_pDeviceHub->TestNetworkConnect();
 }
 
 void CLmCarrowmereMainWindow::slotNetWorkStateRet(bool bOnline)
 {
-    qCDebug(lcMainWnd) << "cloud" << (bOnline ? "online" : "offline") << "first answer:" << !m_bFirstNetWorkAnswer;
-    CLmControl::GetInstance()->SetNetWorkState(bOnline);
-    QString style = m_pUi->m_pBtnNetWorkState->styleSheet();
-    if (bOnline)
-        style.replace(QStringLiteral("Home_WiFi_Disconnected_ic"), QStringLiteral("Home_WiFi_Online_ic"));
-    else
-        style.replace(QStringLiteral("Home_WiFi_Online_ic"), QStringLiteral("Home_WiFi_Disconnected_ic"));
-    m_pUi->m_pBtnNetWorkState->setStyleSheet(style);
-    if (!bOnline)
-        m_threadNetWork.start(QThread::InheritPriority);
+    m_pDeviceHub->slotNetWorkStateRet(bOnline);
+}
 
-    if (m_bFirstNetWorkAnswer)
-        return;
-    m_threadNetWork.quit();
-    m_threadNetWork.wait();
-    m_bFirstNetWorkAnswer = true;
+void CLmCarrowmereMainWindow::ShowNetWorkState(bool bOnline)
+{
+    const QString online = QStringLiteral("Home_WiFi_Online_ic");
+    const QString offline = QStringLiteral("Home_WiFi_Disconnected_ic");
+    SwapStyleImage(m_pUi->m_pBtnNetWorkState, bOnline ? offline : online, bOnline ? online : offline);
+}
+
+// Whatever the first answer of the network tester says, the stored session
+// is looked at; the news, the update checks and the push channel start only
+// when that first answer is online.
+void CLmCarrowmereMainWindow::StartCloudWork(bool bOnline)
+{
     ValidAccoutState();
-    if (bOnline) {
-        m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUi->m_pHomePage);
-        m_pUi->m_pHomeStackedWidget->setCurrentWidget(m_pUi->m_pOnlineView);
-        m_pNoticeCenter->ShowNews(QUrl::fromEncoded(GetPageIP() + LmCloudPath::NewsPage));
-        m_pNetWorkGlobal->SetTimerInterval(kOnlinePollMs);
-        m_threadNetWork.start(QThread::InheritPriority);
-        m_pNoticeCenter->StartUpdateChecks();
-        OpenPushLink();
-    } else {
-        m_pNetWorkGlobal->SetTimerInterval(kOfflinePollMs);
-        m_threadNetWork.start(QThread::InheritPriority);
-    }
+    if (!bOnline)
+        return;
+    m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUi->m_pHomePage);
+    m_pUi->m_pHomeStackedWidget->setCurrentWidget(m_pUi->m_pOnlineView);
+    m_pNoticeCenter->ShowNews(QUrl::fromEncoded(GetPageIP() + LmCloudPath::NewsPage));
+    m_pNoticeCenter->StartUpdateChecks();
+    OpenPushLink();
 }
 
 void CLmCarrowmereMainWindow::slotMarkUpgrade(bool bNeed)
@@ -468,115 +416,33 @@ void CLmCarrowmereMainWindow::OpenMaintainPage()
 
 bool CLmCarrowmereMainWindow::IsLogin()
 {
-    return CLmSessionStore().IsSignedIn();
+    return m_pAccountSession->IsSignedIn();
 }
 
-void CLmCarrowmereMainWindow::SetAccountButtonsEnabled(bool bEnabled)
+bool CLmCarrowmereMainWindow::ValidAccoutState()
 {
-    m_pUi->m_pBtnProjManager->setEnabled(bEnabled);
-    m_pUi->m_pBtnMainWndMaintain->setEnabled(bEnabled);
-    m_pUi->m_pBtnMainWndVireoMoniter->setEnabled(bEnabled);
+    return m_pAccountSession->CheckStoredSession();
 }
 
 void CLmCarrowmereMainWindow::SetLoginUserInfo()
 {
-    slotAcceptLogin();
-}
-
-void CLmCarrowmereMainWindow::slotAcceptLogin()
-{
-    const SLmUserInfo user = GetCurUserInfo();
-    CLmControl::GetInstance()->SetRouteFolder(CLmControl::GetInstance()->GetAppDataDirectory()
-                                              + QStringLiteral("/Project/") + user.strUserID
-                                              + QStringLiteral("/Vireo_AirLine/"));
-    m_pUi->m_pLabelUserName->setText(user.strNickName);
-    SetAccountButtonsEnabled(true);
-    m_pNoticeCenter->RefreshPushSubscription();
-    m_pNoFlyZoneUpgrade->Start();
-}
-
-void CLmCarrowmereMainWindow::slotUpdateUserInfo()
-{
-    const QString nickName = GetCurUserInfo().strNickName;
-    if (!nickName.isEmpty()) {
-        m_pUi->m_pLabelUserName->setText(nickName);
-        return;
-    }
-    m_pUi->m_pLabelUserName->setText(tr("Sign in"));
-    SetAccountButtonsEnabled(false);
-    m_pNoticeCenter->RefreshPushSubscription();
-    slotBackToHome();
-    m_pProjMgrWgt->Reset();
-}
-
-void CLmCarrowmereMainWindow::ShowNetworkFault()
-{
-    CLmMessageBox box(tr("Network fault"), QLatin1String(kIconOffNetwork), tr("SkyConsole"), CLmMessageBox::BtnOk,
-                      this);
-    box.exec();
-}
-
-void CLmCarrowmereMainWindow::AskToSignIn()
-{
-    if (CLmControl::GetInstance()->IsNetWorkConnected())
-        OpenLoginDialog();
-    else
-        ShowNetworkFault();
-}
-
-void CLmCarrowmereMainWindow::OpenLoginDialog()
-{
-    CLmCarrowmereLoginDialog dialog(this, false);
-    connect(&dialog, &CLmCarrowmereLoginDialog::LoginAccept, this, &CLmCarrowmereMainWindow::slotAcceptLogin);
-    dialog.exec();
+    m_pAccountSession->ShowSignedIn();
 }
 
 void CLmCarrowmereMainWindow::slotUserLogin()
 {
-    if (!CLmControl::GetInstance()->IsNetWorkConnected()) {
-        ShowNetworkFault();
-        return;
-    }
-    if (!IsLogin()) {
-        OpenLoginDialog();
-        return;
-    }
-    CLmNetWorkRequest* request = NewProfileRequest();
-    connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmCarrowmereMainWindow::slotUserProRet);
-    request->PostNetWorkReplyMessage();
+    m_pAccountSession->OpenAccount();
 }
 
-CLmNetWorkRequest* CLmCarrowmereMainWindow::NewProfileRequest()
+void CLmCarrowmereMainWindow::slotAcceptLogin()
 {
-    CLmNetWorkRequest* request = LmCloudRequest::NewSignedIn(LmCloudPath::UserProfile);
-    connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmCarrowmereMainWindow::slotAccountFailed);
-    connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmCarrowmereMainWindow::slotAccountFailed);
-    request->SetNetWorkReplyTimeout(kAccountCheckTimeoutMs);
-    return request;
+    SetLoginUserInfo();
 }
 
 void CLmCarrowmereMainWindow::slotUserProRet(const QByteArray& reply)
 {
     m_pUserMessagePage->ShowProfileView(reply);
-    m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUserMessagePage);
-    m_pUserMessagePage->show();
-}
-
-bool CLmCarrowmereMainWindow::ValidAccoutState()
-{
-    const SLmUserInfo user = GetCurUserInfo();
-    if (user.strToken.isEmpty()) {
-        m_pUi->m_pLabelUserName->setText(tr("Please Login"));
-        return false;
-    }
-    if (CLmControl::GetInstance()->IsNetWorkConnected()) {
-        CLmNetWorkRequest* request = NewProfileRequest();
-        connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmCarrowmereMainWindow::slotAccountState);
-        request->PostNetWorkReplyMessage();
-        return true;
-    }
-    SetLoginUserInfo();
-    return true;
+    ShowPage(m_pUserMessagePage);
 }
 
 void CLmCarrowmereMainWindow::slotAccountState()
@@ -586,25 +452,17 @@ void CLmCarrowmereMainWindow::slotAccountState()
 
 void CLmCarrowmereMainWindow::slotAccountFailed()
 {
-    CLmMessageBox box(tr(" Failed to get user information."), QLatin1String(kIconOffNetwork), tr("SkyConsole"),
-                      CLmMessageBox::BtnOk, this);
-    box.exec();
-    CLmCarrowmereLoginDialog dialog(this, false);
-    connect(&dialog, &CLmCarrowmereLoginDialog::LoginAccept, this, &CLmCarrowmereMainWindow::slotAcceptLogin);
-    if (dialog.exec() == QDialog::Accepted)
-        return;
-    CLmSessionStore().Clear();
-    slotUpdateUserInfo();
+    m_pAccountSession->slotAccountFailed();
 }
 
 void CLmCarrowmereMainWindow::slotShowAccountInfo()
 {
-    if (!CLmControl::GetInstance()->IsNetWorkConnected()) {
-        ShowNetworkFault();
-        return;
-    }
-    if (IsLogin())
-        OpenLoginDialog();
+    m_pAccountSession->ShowAccountInfo();
+}
+
+void CLmCarrowmereMainWindow::slotUpdateUserInfo()
+{
+    m_pAccountSession->ShowStoredUser();
 }
 
 void CLmCarrowmereMainWindow::slotAppBtnClicked()
@@ -635,19 +493,10 @@ void CLmCarrowmereMainWindow::slotOpenShortcut()
 
 void CLmCarrowmereMainWindow::slotCloudBtnClicked()
 {
-    if (!CLmControl::GetInstance()->IsNetWorkConnected()) {
-        ShowNetworkFault();
+    if (!m_pAccountSession->MayOpenCloudPages())
         return;
-    }
-    if (!IsLogin()) {
-        CLmMessageBox box(tr("Please Login"), QLatin1String(kIconOffNetwork), tr("SkyConsole"),
-                          CLmMessageBox::BtnOk, this);
-        box.exec();
-        return;
-    }
     m_pUi->m_pBtnProjManager->SetTipVisible(false);
-    m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pProjMgrWgt);
-    m_pProjMgrWgt->show();
+    ShowPage(m_pProjMgrWgt);
 }
 
 void CLmCarrowmereMainWindow::slotHelpBtnClicked()
@@ -657,21 +506,17 @@ void CLmCarrowmereMainWindow::slotHelpBtnClicked()
 
 void CLmCarrowmereMainWindow::slotUasConnected(CLmUasProvide* pUas)
 {
-    qCDebug(lcMainWnd) << "Uas connect";
-    m_pMaintainPage->SetCurrentUas(pUas);
+    m_pDeviceHub->slotUasConnected(pUas);
 }
 
 void CLmCarrowmereMainWindow::slotUasDisConnected(CLmUasProvide* pUas)
 {
-    Q_UNUSED(pUas)
-    qCDebug(lcMainWnd) << "Uas Disconnect";
-    m_pMaintainPage->SetCurrentUas(nullptr);
-    m_pNoticeCenter->ForgetFirmwareOffer();
+    m_pDeviceHub->slotUasDisConnected(pUas);
 }
 
 void CLmCarrowmereMainWindow::slotNeedNotifyParachute(int count)
 {
-    m_pMaintainPage->SetParachuteNotice(count > kParachuteNoticeThreshold);
+    m_pDeviceHub->slotNeedNotifyParachute(count);
 }
 
 void CLmCarrowmereMainWindow::OpenPushLink()

@@ -20,14 +20,12 @@ class CLmUserMessagePage;
 class CLmProjMgrWgt;
 class CLmLinkManager;
 class CLmLinkProvide;
-class CLmFlightDataDbOperator;
-class CLmNetWorkRequest;
-class CLmNetWorkGlobal;
-class CLmUsbDeviceLink;
 class CLmUasProvide;
 class CLmNoFlyZoneUpgrade;
 class CLmLauncher;
 class CLmNoticeCenter;
+class CLmAccountSession;
+class CLmDeviceHub;
 
 // The hub's one top-level window: title bar, home page with the launcher,
 // the page stack and the worker threads that talk to the aircraft, upload
@@ -62,24 +60,25 @@ private:
     void CheckShortcut();
     void SetupForm();
     void CreatePages();
+    template <class TPage>
+    TPage* AddPage(TPage* pPage);
     void SetupConnectInfo();
     void ConnectLauncher();
     void ConnectNotices();
+    void ConnectAccountSession();
+    void ConnectDeviceHub();
     void InitSystemInfo();
     void ReadExistUsbDevice();
-    void HandUsbDisksToMaintainPage();
     void ResponseJsonObject(const QJsonObject& obj);
+    void ShowPage(QWidget* pPage);
     void ShowNewMessageIcon();
     void ShowProjectBadge();
     void ShowSystemMessage(const QString& text);
+    void ShowNetWorkState(bool bOnline);
+    void StartCloudWork(bool bOnline);
     void OpenMaintainPage();
     void OpenPushLink();
     void SetLoginUserInfo();
-    CLmNetWorkRequest* NewProfileRequest();
-    void SetAccountButtonsEnabled(bool bEnabled);
-    void OpenLoginDialog();
-    void ShowNetworkFault();
-    void AskToSignIn();
 
 private Q_SLOTS:
     void slotBackToHome();
@@ -119,15 +118,15 @@ private:
     std::unique_ptr<CLmNoFlyZoneUpgrade> m_pNoFlyZoneUpgrade;
     QList<QPushButton*> m_listAppBtns;
     CLmLinkManager* m_pLinkManager = nullptr;
-    CLmFlightDataDbOperator* m_pFlightDataDbOperator = nullptr;
-    CLmNetWorkGlobal* m_pNetWorkGlobal = nullptr;
-    CLmUsbDeviceLink* m_pUsbDeviceLink = nullptr;
     CLmCarrowmereMaintainPage* m_pMaintainPage = nullptr;
     CLmUserMessagePage* m_pUserMessagePage = nullptr;
     CLmProjMgrWgt* m_pProjMgrWgt = nullptr;
     bool m_bPressed = false;
     QPoint m_ptDragOffset;
-    bool m_bFirstNetWorkAnswer = false;
     CLmLauncher* m_pLauncher = nullptr;
     CLmNoticeCenter* m_pNoticeCenter = nullptr;
+    CLmAccountSession* m_pAccountSession = nullptr;
+    // Its workers live on the threads above; the destructor lets it go once
+    // they have stopped.
+    std::unique_ptr<CLmDeviceHub> m_pDeviceHub;
 };
