@@ -45,6 +45,17 @@ SParamRequestRead ReadParameter(const QByteArray& name)
     return request;
 }
 
+SParamSet SetGcsTimeout(uint8_t targetComponent, float seconds)
+{
+    SParamSet set;
+    set.target_system = 1;
+    set.target_component = targetComponent;
+    setFieldText(set.param_id, QByteArrayLiteral("GCS_TIMEOUT"));
+    set.param_value = seconds;
+    set.param_type = MAV_PARAM_TYPE_UINT16;
+    return set;
+}
+
 QByteArray ExpectedLog(uint16_t id, uint32_t size)
 {
     QByteArray bytes(static_cast<int>(size), '\0');
@@ -185,13 +196,7 @@ void TestSkySim::parameterSetIsReadBack()
     QVERIFY(aircraft);
     CSimGroundStation& ground = aircraft->ground;
 
-    SParamSet set;
-    set.target_system = 1;
-    set.target_component = 126;
-    setFieldText(set.param_id, QByteArrayLiteral("GCS_TIMEOUT"));
-    set.param_value = 45.0f;
-    set.param_type = MAV_PARAM_TYPE_UINT16;
-    ground.Send(set);
+    ground.Send(SetGcsTimeout(126, 45.0f));
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_PARAM_VALUE) == 1, kReplyTimeoutMs);
     QCOMPARE(SParamValue::Unpack(ground.ReceivedOf(MSG_ID_PARAM_VALUE).first()).param_value, 45.0f);
 
@@ -262,13 +267,7 @@ void TestSkySim::parametersOfAnotherComponentAreIgnored()
     QVERIFY(aircraft);
     CSimGroundStation& ground = aircraft->ground;
 
-    SParamSet set;
-    set.target_system = 1;
-    set.target_component = 50;
-    setFieldText(set.param_id, QByteArrayLiteral("GCS_TIMEOUT"));
-    set.param_value = 45.0f;
-    set.param_type = MAV_PARAM_TYPE_UINT16;
-    ground.Send(set);
+    ground.Send(SetGcsTimeout(50, 45.0f));
     QVERIFY(RoundTrip(ground));
     ground.Clear();
     ground.Send(ReadParameter("GCS_TIMEOUT"));
