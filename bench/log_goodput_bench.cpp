@@ -1,6 +1,7 @@
 // Log download goodput from the skysim emulator over loopback UDP at an
 // emulated radio rate, as a share of what the log protocol can carry at that
 // rate: each 109-byte MAVLink 2 LOG_DATA frame carries 90 bytes of log.
+#include "BenchSkySim.h"
 #include "CLmMavlinkEncoder.h"
 #include "CLmMavlinkParser.h"
 #include "LmMavlinkMessages.h"
@@ -118,22 +119,6 @@ private:
     int m_reRequests = 0;
 };
 
-// Starts skysim next to this binary and returns its UDP port, 0 on failure.
-quint16 startAircraft(QProcess& process, quint16 groundPort)
-{
-    process.setStandardErrorFile(QProcess::nullDevice());
-    process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/skysim"),
-                  {QStringLiteral("--udp"), QStringLiteral("127.0.0.1:%1").arg(groundPort),
-                   QStringLiteral("--link-rate"), QString::number(LINK_RATE), QStringLiteral("--logs"),
-                   QStringLiteral("1"), QStringLiteral("--log-size"), QString::number(LOG_SIZE)});
-    if (!process.waitForReadyRead(10000))
-        return 0;
-    const QString line = QString::fromUtf8(process.readLine()).trimmed();
-    if (!line.startsWith(QLatin1String("skysim ready on udp ")))
-        return 0;
-    return static_cast<quint16>(line.section(QLatin1Char(':'), -1).toUInt());
-}
-
 bool matchesSource(const std::vector<uint8_t>& log)
 {
     std::vector<uint8_t> expected(LOG_SIZE);
@@ -152,7 +137,10 @@ int main(int argc, char* argv[])
         return 1;
     }
     QProcess aircraft;
-    const quint16 aircraftPort = startAircraft(aircraft, socket.localPort());
+    const quint16 aircraftPort = BenchSkySim::Start(
+        aircraft, {QStringLiteral("--udp"), QStringLiteral("127.0.0.1:%1").arg(socket.localPort()),
+                   QStringLiteral("--link-rate"), QString::number(LINK_RATE), QStringLiteral("--logs"),
+                   QStringLiteral("1"), QStringLiteral("--log-size"), QString::number(LOG_SIZE)});
     if (aircraftPort == 0) {
         std::fprintf(stderr, "log_goodput: skysim did not start\n");
         return 1;

@@ -1,10 +1,19 @@
 #pragma once
 
+#include <QSet>
 #include <QString>
+#include <QVector>
 
 #include <cstdint>
 
 enum class SimAirframe { FixedWing, Multirotor };
+
+// One cell that reads low: --low-cell BATTERY:CELL[:MV].
+struct SimLowCell {
+    int battery;
+    int cell;
+    uint16_t milliVolts;
+};
 
 // Everything the command line decides about one emulated aircraft and its link.
 struct SimOptions {
@@ -31,4 +40,11 @@ struct SimOptions {
     bool ackOnRetry = false;
     double silentAfterS = -1.0; // < 0: heartbeats never stop
     double silentForS = -1.0;   // < 0: once stopped they stay stopped
+
+    int batteryCount = 0;             // 0: the airframe's own (fixed-wing 1, multirotor 2)
+    QVector<int> cellsPerBattery;     // empty: the airframe's own; one value for all, or one per battery
+    QVector<SimLowCell> lowCells;
+    QSet<int> missingBatteries;       // battery ids that do not answer
+    QSet<int> failureCodes;           // active failure codes of the multirotor
+    int parameterCount = 0;           // the table is filled up to this many parameters
 };

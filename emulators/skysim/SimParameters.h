@@ -7,9 +7,11 @@
 
 #include <cstdint>
 
-// The aircraft's parameter table. Values travel as floats; integer
-// parameters hold whole numbers in that float (a plain cast, not a byte
-// copy). Changes live as long as the process.
+// The aircraft's parameter table: an autopilot's own few hundred, filled up
+// with placeholders to a wanted size. Types are unsigned integers and
+// REAL32. Values travel as floats; integer parameters hold whole numbers in
+// that float (a plain cast, not a byte copy). Changes live as long as the
+// process.
 class SimParameters
 {
 public:
@@ -19,7 +21,7 @@ public:
         uint8_t type; // MAV_PARAM_TYPE
     };
 
-    SimParameters(SimAirframe airframe, uint8_t systemId);
+    SimParameters(SimAirframe airframe, uint8_t systemId, int minimumCount = 0);
 
     int count() const { return m_parameters.size(); }
     const SParameter& at(int index) const { return m_parameters.at(index); }

@@ -20,6 +20,8 @@ constexpr int32_t FIXED_WING_CAPACITY_MAH = 16000;
 constexpr int32_t MULTIROTOR_CAPACITY_MAH = 22000;
 constexpr int8_t REMAINING_PERCENT = 87;
 constexpr uint16_t UNUSED_CELL = UINT16_MAX;
+constexpr int CODES_PER_WORD = 32;
+constexpr int CALIBRATION_REPORTS = 2;
 
 constexpr uint32_t HEALTHY_SENSORS = MAV_SYS_STATUS_SENSOR_3D_GYRO | MAV_SYS_STATUS_SENSOR_3D_ACCEL
     | MAV_SYS_STATUS_SENSOR_3D_MAG | MAV_SYS_STATUS_SENSOR_ABSOLUTE_PRESSURE | MAV_SYS_STATUS_SENSOR_GPS
@@ -39,25 +41,44 @@ uint32_t SimStatusReports::statusMessageId() const
 
 int SimStatusReports::batteryCount() const
 {
+    if (m_options.batteryCount > 0)
+        return m_options.batteryCount;
     return isFixedWing() ? FIXED_WING_BATTERIES : MULTIROTOR_BATTERIES;
 }
 
-int SimStatusReports::cellsPerBattery() const
+bool SimStatusReports::isBatteryPresent(int index) const
 {
-    return isFixedWing() ? FIXED_WING_CELLS : MULTIROTOR_CELLS;
+    return !m_options.missingBatteries.contains(index);
 }
 
-uint16_t SimStatusReports::cellVoltage(int battery, int cell)
+int SimStatusReports::cellCount(int battery) const
 {
+    const QVector<int>& cells = m_options.cellsPerBattery;
+    if (cells.isEmpty())
+        return isFixedWing() ? FIXED_WING_CELLS : MULTIROTOR_CELLS;
+    return cells.value(battery, cells.last());
+}
+
+uint16_t SimStatusReports::cellVoltage(int battery, int cell) const
+{
+    for (const SimLowCell& low : m_options.lowCells) {
+        if (low.battery == battery && low.cell == cell)
+            return low.milliVolts;
+    }
     return static_cast<uint16_t>(4150 - battery * 7 - cell * 2);
 }
 
 uint32_t SimStatusReports::batteryVoltage(int index) const
 {
     uint32_t total = 0;
-    for (int cell = 0; cell < cellsPerBattery(); ++cell)
+    for (int cell = 0; cell < cellCount(index); ++cell)
         total += cellVoltage(index, cell);
     return total;
+}
+
+int32_t SimStatusReports::ratedCapacity() const
+{
+    return isFixedWing() ? FIXED_WING_CAPACITY_MAH : MULTIROTOR_CAPACITY_MAH;
 }
 
 QByteArray SimStatusReports::serialNumber() const
@@ -184,11 +205,19 @@ SSkyMultirotorStatus SimStatusReports::multirotorStatus() const
     return message;
 }
 
-QVector<SSkyCalibrationFailureCode> SimStatusReports::calibrationReports() const
+QVector<SSkyCalibrationFailureCode> SimStatusReports::calibrationReports(const QSet<int>& failureCodes)
 {
-    QVector<SSkyCalibrationFailureCode> reports(2);
-    reports[0].code_num = 0;
-    reports[1].code_num = 1;
+    QVector<SSkyCalibrationFailureCode> reports(CALIBRATION_REPORTS);
+    for (int number = 0; number < CALIBRATION_REPORTS; ++number)
+        reports[number].code_num = static_cast<uint8_t>(number);
+    for (int code : failureCodes) {
+        const int report = code / (2 * CODES_PER_WORD);
+        if (code < 0 || report >= CALIBRATION_REPORTS)
+            continue;
+        const int bit = code % CODES_PER_WORD;
+        uint32_t& word = (code / CODES_PER_WORD) % 2 == 0 ? reports[report].code0 : reports[report].code1;
+        word |= uint32_t(1) << bit;
+    }
     return reports;
 }
 
@@ -199,7 +228,7 @@ SBatteryStatus SimStatusReports::batteryStatus(int index) const
     message.battery_function = MAV_BATTERY_FUNCTION_ALL;
     message.type = MAV_BATTERY_TYPE_LIPO;
     message.temperature = static_cast<int16_t>(2567 + index * 50); // centi-degrees
-    const int cells = cellsPerBattery();
+    const int cells = cellCount(index);
     const int mainCells = static_cast<int>(std::size(message.voltages));
     for (int cell = 0; cell < mainCells; ++cell)
         message.voltages[cell] = cell < cells ? cellVoltage(index, cell) : UNUSED_CELL;
@@ -215,18 +244,17 @@ SBatteryStatus SimStatusReports::batteryStatus(int index) const
 
 SSmartBatteryInfo SimStatusReports::smartBatteryInfo(int index) const
 {
-    const int32_t ratedCapacity = isFixedWing() ? FIXED_WING_CAPACITY_MAH : MULTIROTOR_CAPACITY_MAH;
     SSmartBatteryInfo message;
     message.id = static_cast<uint8_t>(index);
     message.battery_function = MAV_BATTERY_FUNCTION_ALL;
     message.type = MAV_BATTERY_TYPE_LIPO;
-    message.capacity_full_specification = ratedCapacity;
-    message.capacity_full = ratedCapacity * (95 - index * 3) / 100;
+    message.capacity_full_specification = ratedCapacity();
+    message.capacity_full = ratedCapacity() * (95 - index * 3) / 100;
     message.cycle_count = static_cast<uint16_t>(87 + index * 13);
     setFieldText(message.serial_number, QByteArrayLiteral("BAT") + serialNumber().mid(3) + QByteArray::number(index + 1));
-    setFieldText(message.device_name, QByteArray::number(cellsPerBattery()) + "S " + QByteArray::number(ratedCapacity)
+    setFieldText(message.device_name, QByteArray::number(cellCount(index)) + "S " + QByteArray::number(ratedCapacity())
                                      + " mAh smart battery");
-    message.cells_in_series = static_cast<uint8_t>(cellsPerBattery());
+    message.cells_in_series = static_cast<uint8_t>(cellCount(index));
     message.discharge_minimum_voltage = 3300;
     message.charging_minimum_voltage = 3000;
     message.resting_minimum_voltage = 3500;

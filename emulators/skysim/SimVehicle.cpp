@@ -21,11 +21,12 @@ SimVehicle::SimVehicle(const SimOptions& options, SimTransport& transport, QObje
     , m_transport(transport)
     , m_encoder(options.systemId, COMPONENT_ID)
     , m_reports(options)
-    , m_parameters(options.airframe, options.systemId)
+    , m_parameters(options.airframe, options.systemId, options.parameterCount)
     , m_logs(options.logCount, options.logSize)
     , m_logStreamer(m_logs, m_encoder, transport)
     , m_commandGate(options.noAck, options.ackOnRetry)
     , m_parachuteOpenCount(options.parachuteCount)
+    , m_failureCodes(options.failureCodes)
 {
     connect(&m_transport, &SimTransport::bytesReceived, this, &SimVehicle::receiveBytes);
     m_heartbeatTimer.setInterval(HEARTBEAT_INTERVAL_MS);
@@ -39,6 +40,13 @@ void SimVehicle::start()
     m_heartbeatTimer.start();
     sendHeartbeatAndSystemStatus();
     announceIdentity();
+}
+
+void SimVehicle::setFailureCodes(const QSet<int>& codes)
+{
+    m_failureCodes = codes;
+    if (m_options.airframe == SimAirframe::Multirotor)
+        sendCalibrationReports();
 }
 
 void SimVehicle::receiveBytes(const QByteArray& bytes)
@@ -70,6 +78,12 @@ void SimVehicle::dispatch(const mavlink_message_t& message)
 bool SimVehicle::isForMe(uint8_t targetSystem) const
 {
     return targetSystem == 0 || targetSystem == m_options.systemId;
+}
+
+bool SimVehicle::isForParameters(uint8_t targetSystem, uint8_t targetComponent) const
+{
+    return isForMe(targetSystem)
+        && (targetComponent == 0 || targetComponent == COMPONENT_ID || targetComponent == LINK_GUARD_COMPONENT_ID);
 }
 
 // A ground station that starts talking (or a different one) gets the
@@ -115,7 +129,12 @@ void SimVehicle::sendStatusStream()
     }
     send(m_reports.multirotorStatus());
     sendBatteryStatus();
-    for (const SSkyCalibrationFailureCode& report : m_reports.calibrationReports())
+    sendCalibrationReports();
+}
+
+void SimVehicle::sendCalibrationReports()
+{
+    for (const SSkyCalibrationFailureCode& report : SimStatusReports::calibrationReports(m_failureCodes))
         send(report);
 }
 
@@ -223,14 +242,18 @@ SimVehicle::SCommandOutcome SimVehicle::parachute(int action)
 
 void SimVehicle::sendBatteryStatus()
 {
-    for (int index = 0; index < m_reports.batteryCount(); ++index)
-        send(m_reports.batteryStatus(index));
+    for (int index = 0; index < m_reports.batteryCount(); ++index) {
+        if (m_reports.isBatteryPresent(index))
+            send(m_reports.batteryStatus(index));
+    }
 }
 
 void SimVehicle::sendSmartBatteryInfo()
 {
-    for (int index = 0; index < m_reports.batteryCount(); ++index)
-        send(m_reports.smartBatteryInfo(index));
+    for (int index = 0; index < m_reports.batteryCount(); ++index) {
+        if (m_reports.isBatteryPresent(index))
+            send(m_reports.smartBatteryInfo(index));
+    }
 }
 
 void SimVehicle::sendParachuteNotice()
@@ -247,7 +270,8 @@ void SimVehicle::sendParachuteNotice()
 
 void SimVehicle::handleParamRequestList(const mavlink_message_t& message)
 {
-    if (!isForMe(SParamRequestList::Unpack(message).target_system))
+    const SParamRequestList request = SParamRequestList::Unpack(message);
+    if (!isForParameters(request.target_system, request.target_component))
         return;
     for (int index = 0; index < m_parameters.count(); ++index)
         sendParameter(index);
@@ -256,7 +280,7 @@ void SimVehicle::handleParamRequestList(const mavlink_message_t& message)
 void SimVehicle::handleParamRequestRead(const mavlink_message_t& message)
 {
     const SParamRequestRead request = SParamRequestRead::Unpack(message);
-    if (!isForMe(request.target_system))
+    if (!isForParameters(request.target_system, request.target_component))
         return;
     const int index = request.param_index >= 0 ? request.param_index : m_parameters.indexOf(fieldText(request.param_id));
     if (index >= 0 && index < m_parameters.count())
@@ -266,7 +290,7 @@ void SimVehicle::handleParamRequestRead(const mavlink_message_t& message)
 void SimVehicle::handleParamSet(const mavlink_message_t& message)
 {
     const SParamSet request = SParamSet::Unpack(message);
-    if (!isForMe(request.target_system))
+    if (!isForParameters(request.target_system, request.target_component))
         return;
     const QString name = fieldText(request.param_id);
     if (!m_parameters.set(name, request.param_value)) {

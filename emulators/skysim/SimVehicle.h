@@ -23,11 +23,17 @@ class SimVehicle : public QObject
     Q_OBJECT
 public:
     static constexpr uint8_t COMPONENT_ID = 1;
+    // The ground station writes GCS_TIMEOUT to this component (the link-loss
+    // guard); the autopilot keeps that parameter and answers for it.
+    static constexpr uint8_t LINK_GUARD_COMPONENT_ID = 126;
 
     SimVehicle(const SimOptions& options, SimTransport& transport, QObject* parent = nullptr);
 
     // Starts the 1 Hz heartbeat and system status.
     void start();
+    // The multirotor reports these failure codes from now on, at once and in
+    // every status round.
+    void setFailureCodes(const QSet<int>& codes);
 
 private:
     struct SCommandOutcome {
@@ -44,12 +50,14 @@ private:
     void receiveBytes(const QByteArray& bytes);
     void dispatch(const mavlink_message_t& message);
     bool isForMe(uint8_t targetSystem) const;
+    bool isForParameters(uint8_t targetSystem, uint8_t targetComponent) const;
     void noticeGroundStation(uint8_t systemId);
 
     void sendHeartbeatAndSystemStatus();
     bool heartbeatsSilenced() const;
     void announceIdentity();
     void sendStatusStream();
+    void sendCalibrationReports();
     void setStatusInterval(double intervalUs);
 
     void handleCommandLong(const mavlink_message_t& message);
@@ -90,4 +98,5 @@ private:
     int m_groundSystemId = -1;
     uint32_t m_parachuteOpenCount;
     uint32_t m_parachuteCountAtRopeReset = 0;
+    QSet<int> m_failureCodes;
 };

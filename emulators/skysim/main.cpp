@@ -1,5 +1,6 @@
 // skysim: an emulated survey aircraft (fixed-wing or multirotor) speaking
 // MAVLink 2 over UDP or a serial line, with failure switches for tests.
+#include "SimConsole.h"
 #include "SimLog.h"
 #include "SimOptions.h"
 #include "SimSerialTransport.h"
@@ -59,11 +60,31 @@ struct SOptionSet {
     QCommandLineOption silentFor{QStringLiteral("silent-for"),
                                  QStringLiteral("Resume heartbeats after this long a silence (default: never)."),
                                  QStringLiteral("SECONDS")};
+    QCommandLineOption batteries{QStringLiteral("batteries"),
+                                 QStringLiteral("Number of batteries, 1 to 3 (default: fixed-wing 1, multirotor 2)."),
+                                 QStringLiteral("N"), QStringLiteral("0")};
+    QCommandLineOption cells{QStringLiteral("cells"),
+                             QStringLiteral("Cells per battery, one number for all or one per battery (e.g. 6,6,12)."),
+                             QStringLiteral("LIST")};
+    QCommandLineOption lowCell{QStringLiteral("low-cell"),
+                               QStringLiteral("Cell CELL of battery BATTERY (both from 0) reads MV (default 3300); "
+                                              "repeatable."),
+                               QStringLiteral("BATTERY:CELL[:MV]")};
+    QCommandLineOption missingBattery{QStringLiteral("missing-battery"),
+                                      QStringLiteral("Battery ID (from 0) does not answer; repeatable."),
+                                      QStringLiteral("ID")};
+    QCommandLineOption failureCodes{QStringLiteral("failure-codes"),
+                                    QStringLiteral("Active failure codes 0..127 of the multirotor (e.g. 7,45)."),
+                                    QStringLiteral("LIST")};
+    QCommandLineOption params{QStringLiteral("params"),
+                              QStringLiteral("Fill the parameter table up to N parameters (default: its own ~360)."),
+                              QStringLiteral("N"), QStringLiteral("0")};
 
     QList<QCommandLineOption> all() const
     {
         return {type, udp, bind, serial, baud, sysid, firmware, statusRate, parachuteCount, logs, logSize,
-                linkRate, loss, seed, noAck, ackOnRetry, silentAfter, silentFor};
+                linkRate, loss, seed, noAck, ackOnRetry, silentAfter, silentFor, batteries, cells, lowCell,
+                missingBattery, failureCodes, params};
     }
 };
 
@@ -158,6 +179,79 @@ bool parseSilence(const QCommandLineParser& parser, const SOptionSet& set, SimOp
     return true;
 }
 
+constexpr int MAX_BATTERIES = 3;
+constexpr int MAX_CELLS = 14; // BATTERY_STATUS: 10 cells in voltages, 4 in voltages_ext
+constexpr int DEFAULT_LOW_CELL_MV = 3300;
+
+bool reportBad(const char* option, const QString& text, const char* wanted)
+{
+    std::fprintf(stderr, "skysim: --%s wants %s, not \"%s\"\n", option, wanted, qPrintable(text));
+    return false;
+}
+
+// "a,b,c" as whole numbers within [minimum, maximum].
+std::optional<QVector<int>> numberList(const QString& text, int minimum, int maximum)
+{
+    QVector<int> values;
+    for (const QString& item : text.split(QLatin1Char(','))) {
+        bool ok = false;
+        const int value = item.toInt(&ok);
+        if (!ok || value < minimum || value > maximum)
+            return std::nullopt;
+        values << value;
+    }
+    return values;
+}
+
+bool parseLowCell(const QString& text, SimOptions& options)
+{
+    const QStringList parts = text.split(QLatin1Char(':'));
+    const auto numbers = numberList(parts.join(QLatin1Char(',')), 0, 65534);
+    if (parts.size() < 2 || parts.size() > 3 || !numbers || numbers->at(0) >= MAX_BATTERIES
+        || numbers->at(1) >= MAX_CELLS)
+        return reportBad("low-cell", text, "BATTERY:CELL[:MV] with battery 0..2 and cell 0..13");
+    options.lowCells << SimLowCell{numbers->at(0), numbers->at(1),
+                                   static_cast<uint16_t>(parts.size() == 3 ? numbers->at(2) : DEFAULT_LOW_CELL_MV)};
+    return true;
+}
+
+bool parseBatteries(const QCommandLineParser& parser, const SOptionSet& set, SimOptions& options)
+{
+    const auto batteries = number(parser, set.batteries, 0, MAX_BATTERIES);
+    if (!batteries)
+        return false;
+    options.batteryCount = static_cast<int>(*batteries);
+    if (parser.isSet(set.cells)) {
+        const auto cells = numberList(parser.value(set.cells), 1, MAX_CELLS);
+        if (!cells)
+            return reportBad("cells", parser.value(set.cells), "cell counts 1..14 separated by commas");
+        options.cellsPerBattery = *cells;
+    }
+    for (const QString& text : parser.values(set.lowCell)) {
+        if (!parseLowCell(text, options))
+            return false;
+    }
+    for (const QString& text : parser.values(set.missingBattery)) {
+        const auto id = numberList(text, 0, MAX_BATTERIES - 1);
+        if (!id || id->size() != 1)
+            return reportBad("missing-battery", text, "a battery id 0..2");
+        options.missingBatteries.insert(id->first());
+    }
+    return true;
+}
+
+bool parseFaultsAndParameters(const QCommandLineParser& parser, const SOptionSet& set, SimOptions& options)
+{
+    if (parser.isSet(set.failureCodes)
+        && !SimConsole::parseFailureCodes(parser.value(set.failureCodes), &options.failureCodes))
+        return reportBad("failure-codes", parser.value(set.failureCodes), "codes 0..127 separated by commas");
+    const auto params = number(parser, set.params, 0, 65535);
+    if (!params)
+        return false;
+    options.parameterCount = static_cast<int>(*params);
+    return true;
+}
+
 std::optional<SimOptions> parseOptions(const QCoreApplication& app)
 {
     QCommandLineParser parser;
@@ -171,7 +265,8 @@ std::optional<SimOptions> parseOptions(const QCoreApplication& app)
 
     SimOptions options;
     if (!parseAirframe(parser.value(set.type), options) || !parseLink(parser, set, options)
-        || !parseNumbers(parser, set, options) || !parseSilence(parser, set, options))
+        || !parseNumbers(parser, set, options) || !parseSilence(parser, set, options)
+        || !parseBatteries(parser, set, options) || !parseFaultsAndParameters(parser, set, options))
         return std::nullopt;
     options.firmware = parser.value(set.firmware);
     options.noAck = parser.isSet(set.noAck);
@@ -208,6 +303,8 @@ int main(int argc, char* argv[])
         return 1;
     }
     SimVehicle vehicle(*options, *transport);
+    SimConsole console;
+    QObject::connect(&console, &SimConsole::failureCodesChanged, &vehicle, &SimVehicle::setFailureCodes);
     vehicle.start();
     std::printf("skysim ready on %s\n", qPrintable(transport->description()));
     std::fflush(stdout);

@@ -1,6 +1,8 @@
 #include "CLmUasProvide.h"
 
 #include "CLmLinkProvide.h"
+#include "CLmParameterDownload.h"
+#include "CLmParameterSetAck.h"
 #include "LmLinkInstanceLog.h"
 #include "LmMavlinkMessages.h"
 
@@ -90,8 +92,14 @@ CLmUasProvide::CLmUasProvide(CLmLinkProvide* pLink, int uasId, int componentId, 
     , m_iUasId(uasId)
     , m_iComponentId(componentId)
     , m_encoder(GroundSystemId, GroundComponentId)
+    , m_pParameterDownload(new CLmParameterDownload(this, this))
 {
     qRegisterMetaType<mavlink_message_t>("mavlink_message_t");
+    qRegisterMetaType<QList<SLmParameter>>("QList<SLmParameter>");
+    qRegisterMetaType<QList<int>>("QList<int>");
+    connect(m_pParameterDownload, &CLmParameterDownload::ParametersLoaded, this, &CLmUasProvide::ParametersLoaded);
+    connect(m_pParameterDownload, &CLmParameterDownload::ParameterDownloadFailed, this,
+            &CLmUasProvide::ParameterDownloadFailed);
     m_heartbeatTimer.setInterval(kHeartbeatIntervalMs);
     connect(&m_heartbeatTimer, &QTimer::timeout, this, &CLmUasProvide::SendHeartbeat);
     m_heartbeatTimer.start();
@@ -238,6 +246,23 @@ void CLmUasProvide::RequestParameter(const QString& name)
     });
 }
 
+void CLmUasProvide::RequestParameterByIndex(int index)
+{
+    SendRequest<SParamRequestRead>(m_iComponentId, [index](SParamRequestRead& request) {
+        request.param_index = static_cast<int16_t>(index);
+    });
+}
+
+void CLmUasProvide::DownloadParameters()
+{
+    RunOnLinkThread([this] { m_pParameterDownload->Start(); });
+}
+
+void CLmUasProvide::SetParameter(int componentId, const QString& name, const QVariant& value)
+{
+    RunOnLinkThread([this, componentId, name, value] { StartParameterSet(componentId, name, value); });
+}
+
 void CLmUasProvide::WriteParameter(int componentId, const QString& name, const QVariant& value)
 {
     SendRequest<SParamSet>(componentId, [this, name, value](SParamSet& request) {
@@ -247,6 +272,28 @@ void CLmUasProvide::WriteParameter(int componentId, const QString& name, const Q
         request.param_type = static_cast<uint8_t>(m_mapParamTypes.value(name, defaultType));
         m_setPendingWrites.insert(name);
     });
+}
+
+void CLmUasProvide::StartParameterSet(int componentId, const QString& name, const QVariant& value)
+{
+    if (CLmParameterSetAck* pPending = m_mapParameterSets.value(name))
+        EndParameterSet(pPending);
+    auto* pSet = new CLmParameterSetAck(this);
+    m_mapParameterSets.insert(name, pSet);
+    connect(pSet, &CLmParameterSetAck::ParameterSetConfirmed, this, &CLmUasProvide::ParameterSetConfirmed);
+    connect(pSet, &CLmParameterSetAck::ParameterSetFailed, this, &CLmUasProvide::ParameterSetFailed);
+    connect(pSet, &CLmParameterSetAck::ParameterSetConfirmed, this, [this, pSet] { EndParameterSet(pSet); });
+    connect(pSet, &CLmParameterSetAck::ParameterSetFailed, this, [this, pSet] { EndParameterSet(pSet); });
+    pSet->SetUAS(this);
+    pSet->Write(componentId, name, value);
+}
+
+void CLmUasProvide::EndParameterSet(CLmParameterSetAck* pSet)
+{
+    pSet->DisconnectToUAS();
+    disconnect(pSet, nullptr, this, nullptr);
+    m_mapParameterSets.remove(pSet->GetName());
+    pSet->deleteLater();
 }
 
 void CLmUasProvide::HandleMessage(const mavlink_message_t& message)

@@ -3,6 +3,7 @@
 #include "CLMCommandLongParam.h"
 #include "CLmMavlinkEncoder.h"
 #include "LmPlaneType.h"
+#include "SLmParameter.h"
 #include "mavlink_message_t.h"
 
 #include <QMap>
@@ -16,6 +17,8 @@
 #include <functional>
 
 class CLmLinkProvide;
+class CLmParameterDownload;
+class CLmParameterSetAck;
 
 // Handle of one connected aircraft on one link: who it is, what it reports
 // and what can be asked of it.
@@ -68,9 +71,19 @@ public:
     void EraseAllLogs();
     void RequestParameterList();
     void RequestParameter(const QString& name);
+    void RequestParameterByIndex(int index);
     // Integer values are sent as integer parameters unless the aircraft told
     // another type for that name; the aircraft's echo raises signalParamSet.
+    // One PARAM_SET, no retries: SetParameter() is the confirmed write.
     void WriteParameter(int componentId, const QString& name, const QVariant& value);
+
+    // Downloads the whole table (CLmParameterDownload): ends in
+    // ParametersLoaded or ParameterDownloadFailed. A new call starts over.
+    void DownloadParameters();
+    // Writes the parameter until the aircraft echoes exactly this value:
+    // ends in ParameterSetConfirmed or ParameterSetFailed
+    // (CLmParameterSetAck). A new write of the same name replaces a pending one.
+    void SetParameter(int componentId, const QString& name, const QVariant& value);
 
     // On the link's thread: one decoded frame from this aircraft.
     void HandleMessage(const mavlink_message_t& message);
@@ -104,6 +117,10 @@ signals:
     void logData(quint32 uasId, quint32 ofs, quint16 id, quint8 count, QByteArray data);
     void parameterChanged(int paramCount, int paramIndex, QString name, QVariant value);
     void signalParamSet(const QString& name, float value);
+    void ParametersLoaded(QList<SLmParameter> parameters);
+    void ParameterDownloadFailed(QList<int> missing);
+    void ParameterSetConfirmed(QString name, QVariant value);
+    void ParameterSetFailed(QString name);
     void commandAck(int command, int result);
     // Every frame from the aircraft, after the handle read it.
     void messageReceived(const mavlink_message_t& message);
@@ -120,6 +137,8 @@ private:
     void RunOnLinkThread(std::function<void()> request);
     void SendHeartbeat();
     void FinishBatteryReport(uint32_t nextMessageId);
+    void StartParameterSet(int componentId, const QString& name, const QVariant& value);
+    void EndParameterSet(CLmParameterSetAck* pSet);
 
     void OnHeartbeat(const mavlink_message_t& message);
     void OnPlaneInfo(const mavlink_message_t& message);
@@ -148,6 +167,8 @@ private:
 
     QMap<QString, int> m_mapParamTypes;
     QSet<QString> m_setPendingWrites;
+    CLmParameterDownload* m_pParameterDownload;
+    QMap<QString, CLmParameterSetAck*> m_mapParameterSets;
     bool m_bBatteryReportOpen = false;
     QMap<int, QStringList> m_mapBatteryReport;
 };

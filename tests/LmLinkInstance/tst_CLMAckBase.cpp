@@ -1,11 +1,9 @@
 #include "CLMAckBase.h"
-#include "CLmClock.h"
-#include "CLmLinkProvide.h"
 #include "CLmMavlinkEncoder.h"
-#include "CLmMavlinkParser.h"
 #include "CLmRequestBatteryCellVoltageAck.h"
 #include "CLmRequestBatteryDataAck.h"
 #include "CLmUasProvide.h"
+#include "LinkTestDoubles.h"
 #include "LmMavlinkMessages.h"
 
 #include <QSignalSpy>
@@ -16,52 +14,6 @@
 using namespace LmMavlink;
 
 namespace {
-
-// Keeps every COMMAND_LONG the handle writes.
-class CapturingLink : public CLmLinkProvide
-{
-public:
-    CapturingLink()
-        : CLmLinkProvide(1)
-    {
-    }
-
-    void Connect() override {}
-    void Disconnect() override {}
-    void WriteBytes(const QByteArray& bytes) override
-    {
-        for (const mavlink_message_t& message : m_parser.Parse(bytes)) {
-            if (message.msgid == MSG_ID_COMMAND_LONG)
-                m_commands << SCommandLong::Unpack(message);
-        }
-    }
-
-    QVector<SCommandLong> m_commands;
-
-private:
-    CLmMavlinkParser m_parser;
-};
-
-// A clock the test moves forward by hand.
-class FakeClock : public CLmClock
-{
-public:
-    void Start(int ms) override { m_iRemainingMs = ms; }
-    void Stop() override { m_iRemainingMs = -1; }
-
-    void Advance(int ms)
-    {
-        for (int step = 0; step < ms && m_iRemainingMs >= 0; ++step) {
-            if (--m_iRemainingMs == 0) {
-                m_iRemainingMs = -1;
-                emit timeout();
-            }
-        }
-    }
-
-private:
-    int m_iRemainingMs = -1;
-};
 
 // The aircraft's side of the conversation, as frames the handle reads.
 class Aircraft
@@ -109,14 +61,14 @@ private slots:
     void repliesWithoutAckStopTheRetries();
 
 private:
-    CapturingLink* m_pLink = nullptr;
+    CCapturingLink* m_pLink = nullptr;
     CLmUasProvide* m_pUas = nullptr;
     Aircraft m_aircraft;
 };
 
 void TestCLMAckBase::init()
 {
-    m_pLink = new CapturingLink;
+    m_pLink = new CCapturingLink;
     m_pUas = new CLmUasProvide(m_pLink, 1, 1);
 }
 
@@ -144,7 +96,7 @@ void TestCLMAckBase::resendsUntilAcknowledged()
     QFETCH(int, expectedCopies);
     QFETCH(int, expectedTimeOuts);
 
-    auto* pClock = new FakeClock;
+    auto* pClock = new CFakeClock;
     CLMAckBase ack(nullptr, pClock);
     QSignalSpy timeOuts(&ack, &CLMAckBase::UploadTimeOut);
     ack.SetUAS(m_pUas);
@@ -158,10 +110,10 @@ void TestCLMAckBase::resendsUntilAcknowledged()
         pClock->Advance(kIntervalMs);
     }
 
-    QCOMPARE(m_pLink->m_commands.size(), expectedCopies);
-    for (int i = 0; i < m_pLink->m_commands.size(); ++i) {
-        QCOMPARE(int(m_pLink->m_commands.at(i).command), kCommand);
-        QCOMPARE(int(m_pLink->m_commands.at(i).confirmation), i);
+    QCOMPARE(m_pLink->Sent<SCommandLong>().size(), expectedCopies);
+    for (int i = 0; i < m_pLink->Sent<SCommandLong>().size(); ++i) {
+        QCOMPARE(int(m_pLink->Sent<SCommandLong>().at(i).command), kCommand);
+        QCOMPARE(int(m_pLink->Sent<SCommandLong>().at(i).confirmation), i);
     }
     QCOMPARE(timeOuts.count(), expectedTimeOuts);
     QVERIFY(!ack.IsWaiting());
@@ -169,7 +121,7 @@ void TestCLMAckBase::resendsUntilAcknowledged()
 
 void TestCLMAckBase::refusalGivesUpAtOnce()
 {
-    auto* pClock = new FakeClock;
+    auto* pClock = new CFakeClock;
     CLMAckBase ack(nullptr, pClock);
     QSignalSpy timeOuts(&ack, &CLMAckBase::UploadTimeOut);
     ack.SetUAS(m_pUas);
@@ -182,18 +134,18 @@ void TestCLMAckBase::refusalGivesUpAtOnce()
     m_pUas->HandleMessage(m_aircraft.Ack(kCommand, MAV_RESULT_UNSUPPORTED));
     QCOMPARE(timeOuts.count(), 1);
     pClock->Advance(kIntervalMs * (kRetries + 1));
-    QCOMPARE(m_pLink->m_commands.size(), 1);
+    QCOMPARE(m_pLink->Sent<SCommandLong>().size(), 1);
     QCOMPARE(timeOuts.count(), 1);
 }
 
 void TestCLMAckBase::batteryDataListLayout()
 {
-    CLmRequestBatteryDataAck ack(nullptr, new FakeClock);
+    CLmRequestBatteryDataAck ack(nullptr, new CFakeClock);
     QSignalSpy data(&ack, &CLmRequestBatteryDataAck::BatteryData);
     ack.SetUAS(m_pUas);
     ack.StartUpload(kRetries, kIntervalMs, CLMCommandLongParam());
-    QCOMPARE(int(m_pLink->m_commands.value(0).command), int(MAV_CMD_REQUEST_MESSAGE));
-    QCOMPARE(m_pLink->m_commands.value(0).param1, float(MSG_ID_SMART_BATTERY_INFO));
+    QCOMPARE(int(m_pLink->Sent<SCommandLong>().value(0).command), int(MAV_CMD_REQUEST_MESSAGE));
+    QCOMPARE(m_pLink->Sent<SCommandLong>().value(0).param1, float(MSG_ID_SMART_BATTERY_INFO));
 
     // Arrive out of order; the list is in battery order.
     for (uint8_t id : {uint8_t(1), uint8_t(0)}) {
@@ -217,7 +169,7 @@ void TestCLMAckBase::batteryDataListLayout()
 
 void TestCLMAckBase::cellVoltageListLayout()
 {
-    CLmRequestBatteryCellVoltageAck ack(nullptr, new FakeClock);
+    CLmRequestBatteryCellVoltageAck ack(nullptr, new CFakeClock);
     QSignalSpy data(&ack, &CLmRequestBatteryCellVoltageAck::BatteryCellVoltage);
     ack.SetUAS(m_pUas);
     ack.StartUpload(kRetries, kIntervalMs, CLMCommandLongParam());
@@ -237,14 +189,14 @@ void TestCLMAckBase::cellVoltageListLayout()
 
 void TestCLMAckBase::repliesWithoutAckStopTheRetries()
 {
-    auto* pClock = new FakeClock;
+    auto* pClock = new CFakeClock;
     CLmRequestBatteryCellVoltageAck ack(nullptr, pClock);
     QSignalSpy timeOuts(&ack, &CLMAckBase::UploadTimeOut);
     ack.SetUAS(m_pUas);
     ack.StartUpload(kRetries, kIntervalMs, CLMCommandLongParam());
     m_pUas->HandleMessage(m_aircraft.Frame(SBatteryStatus()));
     pClock->Advance(kIntervalMs * (kRetries + 1));
-    QCOMPARE(m_pLink->m_commands.size(), 1);
+    QCOMPARE(m_pLink->Sent<SCommandLong>().size(), 1);
     QCOMPARE(timeOuts.count(), 0);
 }
 

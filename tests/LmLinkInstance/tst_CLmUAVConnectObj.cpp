@@ -75,6 +75,8 @@ private slots:
     void connectsWithinTwoHeartbeats_data();
     void connectsWithinTwoHeartbeats();
     void gcsTimeoutIsReadAndWritten();
+    void parametersDownloadAndConfirmedSet_data();
+    void parametersDownloadAndConfirmedSet();
     void logDownloadMatchesTheAircraft();
     void batteriesThroughTheAcknowledgers_data();
     void batteriesThroughTheAcknowledgers();
@@ -161,6 +163,56 @@ void TestCLmUAVConnectObj::gcsTimeoutIsReadAndWritten()
     values.clear();
     pUas->RequestParameterList();
     QTRY_COMPARE(values.value("GCS_TIMEOUT").toInt(), 45);
+}
+
+void TestCLmUAVConnectObj::parametersDownloadAndConfirmedSet_data()
+{
+    QTest::addColumn<QString>("loss");
+    QTest::newRow("no loss") << "0";
+    QTest::newRow("5 % loss") << "5";
+}
+
+void TestCLmUAVConnectObj::parametersDownloadAndConfirmedSet()
+{
+    QFETCH(QString, loss);
+    WorkerRun run(QStringLiteral("none"));
+    CSkySimProcess sim;
+    CLmUasProvide* pUas = ConnectOverUdp(run, sim, {"--loss", loss, "--seed", "7"});
+    QVERIFY(pUas);
+    QList<SLmParameter> parameters;
+    QList<QList<int>> failures;
+    QStringList confirmed;
+    QStringList notConfirmed;
+    connect(pUas, &CLmUasProvide::ParametersLoaded, this,
+            [&parameters](const QList<SLmParameter>& loaded) { parameters = loaded; });
+    connect(pUas, &CLmUasProvide::ParameterDownloadFailed, this,
+            [&failures](const QList<int>& missing) { failures << missing; });
+    connect(pUas, &CLmUasProvide::ParameterSetConfirmed, this,
+            [&confirmed](const QString& name, const QVariant& value) { confirmed << name + "=" + value.toString(); });
+    connect(pUas, &CLmUasProvide::ParameterSetFailed, this,
+            [&notConfirmed](const QString& name) { notConfirmed << name; });
+
+    pUas->DownloadParameters();
+    QTRY_VERIFY_WITH_TIMEOUT(!parameters.isEmpty() || !failures.isEmpty(), 20000);
+    QVERIFY(failures.isEmpty());
+    QVERIFY(parameters.size() >= 300);
+    const auto gcsTimeout = std::find_if(parameters.cbegin(), parameters.cend(), [](const SLmParameter& parameter) {
+        return parameter.name == QLatin1String("GCS_TIMEOUT");
+    });
+    QVERIFY(gcsTimeout != parameters.cend());
+    QCOMPARE(gcsTimeout->value, QVariant(60));
+    QCOMPARE(gcsTimeout->TypeName(), QStringLiteral("UInt"));
+
+    pUas->SetParameter(126, QStringLiteral("GCS_TIMEOUT"), 30);
+    QTRY_VERIFY_WITH_TIMEOUT(!confirmed.isEmpty() || !notConfirmed.isEmpty(), 10000);
+    QCOMPARE(confirmed, QStringList{"GCS_TIMEOUT=30"});
+    QVERIFY(notConfirmed.isEmpty());
+
+    // An integer parameter: the aircraft stores 31 and echoes that.
+    pUas->SetParameter(126, QStringLiteral("GCS_TIMEOUT"), 30.5);
+    QTRY_VERIFY_WITH_TIMEOUT(!notConfirmed.isEmpty(), 10000);
+    QCOMPARE(notConfirmed, QStringList{"GCS_TIMEOUT"});
+    QCOMPARE(confirmed.size(), 1);
 }
 
 void TestCLmUAVConnectObj::logDownloadMatchesTheAircraft()

@@ -45,6 +45,17 @@ SParamRequestRead ReadParameter(const QByteArray& name)
     return request;
 }
 
+SParamSet SetGcsTimeout(uint8_t targetComponent, float seconds)
+{
+    SParamSet set;
+    set.target_system = 1;
+    set.target_component = targetComponent;
+    setFieldText(set.param_id, QByteArrayLiteral("GCS_TIMEOUT"));
+    set.param_value = seconds;
+    set.param_type = MAV_PARAM_TYPE_UINT16;
+    return set;
+}
+
 QByteArray ExpectedLog(uint16_t id, uint32_t size)
 {
     QByteArray bytes(static_cast<int>(size), '\0');
@@ -64,6 +75,13 @@ private slots:
     void commandResults_data();
     void commandResults();
     void parameterSetIsReadBack();
+    void parameterTableAndReadByIndex_data();
+    void parameterTableAndReadByIndex();
+    void parametersOfAnotherComponentAreIgnored();
+    void batterySwitches_data();
+    void batterySwitches();
+    void failureCodesOnDemand_data();
+    void failureCodesOnDemand();
     void logListAndFullDownloadMatchByteForByte_data();
     void logListAndFullDownloadMatchByteForByte();
     void logEraseEmptiesTheList();
@@ -178,13 +196,7 @@ void TestSkySim::parameterSetIsReadBack()
     QVERIFY(aircraft);
     CSimGroundStation& ground = aircraft->ground;
 
-    SParamSet set;
-    set.target_system = 1;
-    set.target_component = 126;
-    setFieldText(set.param_id, QByteArrayLiteral("GCS_TIMEOUT"));
-    set.param_value = 45.0f;
-    set.param_type = MAV_PARAM_TYPE_UINT16;
-    ground.Send(set);
+    ground.Send(SetGcsTimeout(126, 45.0f));
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_PARAM_VALUE) == 1, kReplyTimeoutMs);
     QCOMPARE(SParamValue::Unpack(ground.ReceivedOf(MSG_ID_PARAM_VALUE).first()).param_value, 45.0f);
 
@@ -201,6 +213,161 @@ void TestSkySim::parameterSetIsReadBack()
     ground.Send(list);
     QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_PARAM_VALUE) == int(value.param_count), kReplyTimeoutMs);
     QVERIFY(value.param_count >= 5);
+}
+
+void TestSkySim::parameterTableAndReadByIndex_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("minimumCount");
+    QTest::newRow("fixed-wing") << QStringList{"--type", "fixedwing"} << 300;
+    QTest::newRow("multirotor") << QStringList{"--type", "multirotor"} << 300;
+    QTest::newRow("filled to 1000") << QStringList{"--params", "1000"} << 1000;
+}
+
+void TestSkySim::parameterTableAndReadByIndex()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, minimumCount);
+    const auto aircraft = StartAircraft(arguments);
+    QVERIFY(aircraft);
+    CSimGroundStation& ground = aircraft->ground;
+
+    SParamRequestList list;
+    list.target_system = 1;
+    ground.Send(list);
+    QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_PARAM_VALUE) >= minimumCount, kReplyTimeoutMs);
+    QVERIFY(RoundTrip(ground));
+    QVector<mavlink_message_t> values = ground.ReceivedOf(MSG_ID_PARAM_VALUE);
+    values.removeLast();
+    const int count = SParamValue::Unpack(values.first()).param_count;
+    QCOMPARE(values.size(), count);
+    QSet<QString> names;
+    QSet<int> types;
+    for (int index = 0; index < count; ++index) {
+        const SParamValue value = SParamValue::Unpack(values.at(index));
+        QCOMPARE(int(value.param_index), index);
+        names.insert(fieldText(value.param_id));
+        types.insert(value.param_type == MAV_PARAM_TYPE_REAL32 ? 0 : 1);
+    }
+    QCOMPARE(names.size(), count);
+    QVERIFY(names.contains(QStringLiteral("GCS_TIMEOUT")));
+    QCOMPARE(types.size(), 2);
+
+    ground.Clear();
+    SParamRequestRead read = ReadParameter(QByteArray());
+    read.param_index = int16_t(count - 1);
+    ground.Send(read);
+    QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_PARAM_VALUE) == 1, kReplyTimeoutMs);
+    QCOMPARE(int(SParamValue::Unpack(ground.ReceivedOf(MSG_ID_PARAM_VALUE).first()).param_index), count - 1);
+}
+
+void TestSkySim::parametersOfAnotherComponentAreIgnored()
+{
+    const auto aircraft = StartAircraft({});
+    QVERIFY(aircraft);
+    CSimGroundStation& ground = aircraft->ground;
+
+    ground.Send(SetGcsTimeout(50, 45.0f));
+    QVERIFY(RoundTrip(ground));
+    ground.Clear();
+    ground.Send(ReadParameter("GCS_TIMEOUT"));
+    QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_PARAM_VALUE) == 1, kReplyTimeoutMs);
+    QCOMPARE(SParamValue::Unpack(ground.ReceivedOf(MSG_ID_PARAM_VALUE).first()).param_value, 60.0f);
+}
+
+void TestSkySim::batterySwitches_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QList<int>>("ids");
+    QTest::addColumn<QList<int>>("cellCounts");
+    QTest::addColumn<int>("lowBattery");
+    QTest::addColumn<int>("lowCell");
+
+    QTest::newRow("three batteries, six cells")
+        << QStringList{"--batteries", "3", "--cells", "6"} << QList<int>{0, 1, 2} << QList<int>{6, 6, 6} << -1 << -1;
+    QTest::newRow("cells per battery, one low")
+        << QStringList{"--batteries", "3", "--cells", "6,8,12", "--low-cell", "1:7:3310"} << QList<int>{0, 1, 2}
+        << QList<int>{6, 8, 12} << 1 << 7;
+    QTest::newRow("middle battery missing")
+        << QStringList{"--batteries", "3", "--missing-battery", "1"} << QList<int>{0, 2} << QList<int>{12, 12} << -1
+        << -1;
+}
+
+void TestSkySim::batterySwitches()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QList<int>, ids);
+    QFETCH(QList<int>, cellCounts);
+    QFETCH(int, lowBattery);
+    QFETCH(int, lowCell);
+    const auto aircraft = StartAircraft(QStringList{"--type", "multirotor"} + arguments);
+    QVERIFY(aircraft);
+    CSimGroundStation& ground = aircraft->ground;
+
+    ground.Send(Command(MAV_CMD_REQUEST_MESSAGE, float(MSG_ID_BATTERY_STATUS)));
+    ground.Send(Command(MAV_CMD_REQUEST_MESSAGE, float(MSG_ID_SMART_BATTERY_INFO)));
+    QVERIFY(RoundTrip(ground));
+    const QVector<mavlink_message_t> statuses = ground.ReceivedOf(MSG_ID_BATTERY_STATUS);
+    const QVector<mavlink_message_t> infos = ground.ReceivedOf(MSG_ID_SMART_BATTERY_INFO);
+    QCOMPARE(statuses.size(), ids.size());
+    QCOMPARE(infos.size(), ids.size());
+    for (int k = 0; k < ids.size(); ++k) {
+        const SBatteryStatus status = SBatteryStatus::Unpack(statuses.at(k));
+        const SSmartBatteryInfo info = SSmartBatteryInfo::Unpack(infos.at(k));
+        QCOMPARE(int(status.id), ids.at(k));
+        QCOMPARE(int(info.id), ids.at(k));
+        QCOMPARE(int(info.cells_in_series), cellCounts.at(k));
+        int cells = 0;
+        for (int cell = 0; cell < 10; ++cell) {
+            if (status.voltages[cell] == UINT16_MAX)
+                break;
+            ++cells;
+            const bool low = status.id == lowBattery && cell == lowCell;
+            QCOMPARE(status.voltages[cell] == 3310, low);
+        }
+        for (uint16_t extension : status.voltages_ext)
+            cells += extension != 0 ? 1 : 0;
+        QCOMPARE(cells, cellCounts.at(k));
+    }
+}
+
+void TestSkySim::failureCodesOnDemand_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("console");
+    QTest::addColumn<QList<quint32>>("words"); // code0, code1 of report 0, then of report 1
+
+    QTest::newRow("healthy") << QStringList() << QByteArray() << QList<quint32>{0, 0, 0, 0};
+    QTest::newRow("switch") << QStringList{"--failure-codes", "7,45,46,64"} << QByteArray()
+                            << QList<quint32>{1u << 7, (1u << 13) | (1u << 14), 1u, 0};
+    QTest::newRow("console") << QStringList{"--failure-codes", "7"} << QByteArray("failure-codes 127,46")
+                             << QList<quint32>{0, 1u << 14, 0, 1u << 31};
+    QTest::newRow("console clears") << QStringList{"--failure-codes", "7"} << QByteArray("failure-codes none")
+                                    << QList<quint32>{0, 0, 0, 0};
+}
+
+void TestSkySim::failureCodesOnDemand()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, console);
+    QFETCH(QList<quint32>, words);
+    const auto aircraft = StartAircraft(QStringList{"--type", "multirotor"} + arguments);
+    QVERIFY(aircraft);
+    CSimGroundStation& ground = aircraft->ground;
+
+    if (console.isEmpty())
+        ground.Send(Command(MAV_CMD_REQUEST_MESSAGE, float(MSG_ID_SKY_CALIBRATION_FAILURE_CODE)));
+    else
+        aircraft->process.WriteCommand(console);
+    QTRY_VERIFY_WITH_TIMEOUT(ground.CountOf(MSG_ID_SKY_CALIBRATION_FAILURE_CODE) == 2, kReplyTimeoutMs);
+    const QVector<mavlink_message_t> reports = ground.ReceivedOf(MSG_ID_SKY_CALIBRATION_FAILURE_CODE);
+    QList<quint32> received;
+    for (int number = 0; number < 2; ++number) {
+        const SSkyCalibrationFailureCode report = SSkyCalibrationFailureCode::Unpack(reports.at(number));
+        QCOMPARE(int(report.code_num), number);
+        received << report.code0 << report.code1;
+    }
+    QCOMPARE(received, words);
 }
 
 void TestSkySim::logListAndFullDownloadMatchByteForByte_data()

@@ -45,6 +45,11 @@ quint16 CSkySimProcess::UdpPort() const
     return static_cast<quint16>(m_readyWhere.section(QLatin1Char(':'), -1).toUInt());
 }
 
+void CSkySimProcess::WriteCommand(const QByteArray& line)
+{
+    m_process.write(line + '\n');
+}
+
 bool CSkySimProcess::Stop(int timeoutMs)
 {
     if (m_process.state() == QProcess::NotRunning)

@@ -20,6 +20,8 @@ public:
     QString ReadyWhere() const { return m_readyWhere; }
     // The local UDP port of the ready line, 0 when it runs on serial.
     quint16 UdpPort() const;
+    // Types one console command line (see the skysim README) on its stdin.
+    void WriteCommand(const QByteArray& line);
     // Sends SIGTERM and waits; true when it ended by itself with exit code 0.
     bool Stop(int timeoutMs = 5000);
 
