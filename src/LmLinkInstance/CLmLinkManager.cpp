@@ -5,6 +5,8 @@
 #include "LmConstants.h"
 #include "LmLinkInstanceLog.h"
 
+#include <algorithm>
+
 namespace {
 
 // Client links take ids from here on, clear of the device links' small ids.
@@ -22,23 +24,73 @@ CLmLinkManager::CLmLinkManager(QObject* parent)
 
 bool CLmLinkManager::AddLink(CLmLinkProvide* pLink)
 {
-    const int linkId = pLink->GetLinkId();
-    if (m_hashLinks.contains(linkId)) {
-        qCWarning(lcLinkInstanceLink) << "link id already in use:" << linkId;
+    if (!Register(pLink))
         return false;
-    }
     pLink->setParent(this);
-    m_hashLinks.insert(linkId, pLink);
+    return true;
+}
+
+bool CLmLinkManager::TrackLink(CLmLinkProvide* pLink)
+{
+    if (!Register(pLink))
+        return false;
+    QMutexLocker lock(&m_mutex);
+    m_setDeviceLinkIds.insert(pLink->GetLinkId());
+    return true;
+}
+
+bool CLmLinkManager::Register(CLmLinkProvide* pLink)
+{
+    const int linkId = pLink->GetLinkId();
+    {
+        QMutexLocker lock(&m_mutex);
+        if (m_hashLinks.contains(linkId)) {
+            qCWarning(lcLinkInstanceLink) << "link id already in use:" << linkId;
+            return false;
+        }
+        m_hashLinks.insert(linkId, pLink);
+    }
     connect(pLink, &CLmLinkProvide::bytesReceived, this,
             [this, pLink](const QByteArray& bytes) { emit bytesReceived(pLink, bytes); });
     connect(pLink, &CLmLinkProvide::connected, this, [this, pLink]() { emit linkConnected(pLink); });
     connect(pLink, &CLmLinkProvide::disconnected, this, [this, pLink]() { emit linkDisconnected(pLink); });
-    connect(pLink, &QObject::destroyed, this, [this, linkId]() { m_hashLinks.remove(linkId); });
+    // The state and the table follow the link at once, in the link's thread.
+    connect(pLink, &CLmLinkProvide::connected, this, [this, linkId]() { SetConnected(linkId, true); },
+            Qt::DirectConnection);
+    connect(pLink, &CLmLinkProvide::disconnected, this, [this, linkId]() { SetConnected(linkId, false); },
+            Qt::DirectConnection);
+    connect(
+        pLink, &QObject::destroyed, this,
+        [this, linkId]() {
+            QMutexLocker lock(&m_mutex);
+            m_hashLinks.remove(linkId);
+            m_setDeviceLinkIds.remove(linkId);
+            m_setConnectedIds.remove(linkId);
+        },
+        Qt::DirectConnection);
     return true;
+}
+
+void CLmLinkManager::SetConnected(int linkId, bool bConnected)
+{
+    QMutexLocker lock(&m_mutex);
+    if (bConnected)
+        m_setConnectedIds.insert(linkId);
+    else
+        m_setConnectedIds.remove(linkId);
+}
+
+QList<int> CLmLinkManager::ConnectedDeviceLinkIds() const
+{
+    QMutexLocker lock(&m_mutex);
+    QList<int> ids = (m_setDeviceLinkIds & m_setConnectedIds).values();
+    std::sort(ids.begin(), ids.end());
+    return ids;
 }
 
 CLmLinkProvide* CLmLinkManager::GetLink(int linkId) const
 {
+    QMutexLocker lock(&m_mutex);
     return m_hashLinks.value(linkId, nullptr);
 }
 
@@ -59,6 +111,7 @@ CLmLinkProvide* CLmLinkManager::AddTcpClientLink(QObject* owner, LINK_TYPE type)
 
 int CLmLinkManager::FreeLinkId(int firstCandidate) const
 {
+    QMutexLocker lock(&m_mutex);
     int linkId = firstCandidate;
     while (m_hashLinks.contains(linkId))
         ++linkId;
@@ -68,13 +121,13 @@ int CLmLinkManager::FreeLinkId(int firstCandidate) const
 void CLmLinkManager::ConnectLink(int linkId)
 {
     if (CLmLinkProvide* pLink = FindLinkOrWarn(linkId))
-        pLink->Connect();
+        QMetaObject::invokeMethod(pLink, [pLink] { pLink->Connect(); });
 }
 
 void CLmLinkManager::DisconnectLink(int linkId)
 {
     if (CLmLinkProvide* pLink = FindLinkOrWarn(linkId))
-        pLink->Disconnect();
+        QMetaObject::invokeMethod(pLink, [pLink] { pLink->Disconnect(); });
 }
 
 CLmLinkProvide* CLmLinkManager::FindLinkOrWarn(int linkId) const

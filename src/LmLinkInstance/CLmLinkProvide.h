@@ -23,6 +23,9 @@ signals:
     void bytesReceived(const QByteArray& bytes);
     void connected();
     void disconnected();
+    // Connect() could not open the device or port named by where (it is
+    // busy or missing).
+    void openFailed(const QString& where);
 
 private:
     const int m_nLinkId;

@@ -44,6 +44,7 @@ void CLmSerialLink::Connect()
         return;
     if (!m_port.open(QIODevice::ReadWrite)) {
         qCWarning(lcLinkInstanceUav) << "cannot open serial port" << m_port.portName() << m_port.errorString();
+        emit openFailed(m_port.portName());
         return;
     }
     qCInfo(lcLinkInstanceUav) << "serial port open:" << m_port.portName();

@@ -89,9 +89,19 @@ bool CLmTcpClientLink::SendSubscription()
 
 void CLmTcpClientLink::Resubscribe()
 {
-    // Signed out: only a fresh connection ends the old subscription.
-    if (IsConnected() && !SendSubscription())
-        m_socket.abort();
+    if (IsConnected()) {
+        // Signed out: only a fresh connection ends the old subscription.
+        if (!SendSubscription())
+            m_socket.abort();
+        return;
+    }
+    // A link waiting out its back-off (say after the channel refused a stale
+    // token) tries the new session now.
+    if (m_bWanted && m_reconnectTimer.isActive()) {
+        m_reconnectTimer.stop();
+        m_backoff.Reset();
+        ConnectToHost();
+    }
 }
 
 void CLmTcpClientLink::OnStateChanged(QAbstractSocket::SocketState state)

@@ -28,7 +28,8 @@ public:
     void Connect() override;
     void Disconnect() override;
     // Subscribes again for a user who signed in, switched accounts or signed
-    // out while the link was connected.
+    // out: at once on a connected link, and a link waiting to reconnect
+    // connects now with a fresh back-off.
     void Resubscribe();
 
     bool IsConnected() const;

@@ -1,6 +1,7 @@
 #include "CLmUAVConnectObj.h"
 
 #include "CLmDeployConfig.h"
+#include "CLmLinkManager.h"
 #include "CLmSerialLink.h"
 #include "CLmUdpLink.h"
 #include "LmLinkInstanceLog.h"
@@ -30,8 +31,9 @@ bool IsAircraftHeartbeat(const mavlink_message_t& message)
 
 // Aircraft links are created and used on the UAV thread; the link manager
 // lives on the GUI thread and cannot own them, so the worker keeps them.
-CLmUAVConnectObj::CLmUAVConnectObj(CLmLinkManager* /*pLinkManager*/, QObject* parent)
+CLmUAVConnectObj::CLmUAVConnectObj(CLmLinkManager* pLinkManager, QObject* parent)
     : QObject(parent)
+    , m_pLinkManager(pLinkManager)
     , m_serialScanTimer(this)
     , m_iNextLinkId(kFirstSerialLinkId)
 {
@@ -56,11 +58,8 @@ void CLmUAVConnectObj::slotFreeSerialPort()
 {
     m_bSerialPortReleased = true;
     m_serialScanTimer.stop();
-    for (CLmSerialLink* pLink : qAsConst(m_mapSerialLinks)) {
-        DropAircraftOn(pLink);
+    for (CLmSerialLink* pLink : qAsConst(m_mapSerialLinks))
         pLink->Disconnect();
-        m_hashParsers[pLink].Reset();
-    }
 }
 
 void CLmUAVConnectObj::slotConnectSerialPort()
@@ -130,6 +129,11 @@ void CLmUAVConnectObj::WatchLink(CLmLinkProvide* pLink)
     m_hashParsers.insert(pLink, CLmMavlinkParser());
     connect(pLink, &CLmLinkProvide::bytesReceived, this,
             [this, pLink](const QByteArray& bytes) { OnBytesReceived(pLink, bytes); });
+    connect(pLink, &CLmLinkProvide::disconnected, this, [this, pLink] { OnLinkDisconnected(pLink); });
+    connect(pLink, &CLmLinkProvide::openFailed, this, &CLmUAVConnectObj::linkBusy);
+    connect(pLink, &CLmLinkProvide::connected, this, &CLmUAVConnectObj::linkOpened);
+    if (m_pLinkManager)
+        m_pLinkManager->TrackLink(pLink);
 }
 
 void CLmUAVConnectObj::OnBytesReceived(CLmLinkProvide* pLink, const QByteArray& bytes)
@@ -206,6 +210,13 @@ void CLmUAVConnectObj::OnHeartbeatLost(const AircraftKey& key)
     aircraft.bConnected = false;
     qCInfo(lcLinkInstanceUav) << "aircraft" << aircraft.pUas->GetUasID() << "lost: no heartbeat";
     emit UAV_disconnected(aircraft.pUas);
+}
+
+// Whatever was half-read belongs to the connection that ended.
+void CLmUAVConnectObj::OnLinkDisconnected(CLmLinkProvide* pLink)
+{
+    DropAircraftOn(pLink);
+    m_hashParsers[pLink].Reset();
 }
 
 void CLmUAVConnectObj::DropAircraftOn(CLmLinkProvide* pLink)

@@ -26,8 +26,12 @@ class CLmUdpLink;
 // its first heartbeat creates its handle, which is announced with
 // UAV_connected once it told its plane information, or at its second
 // heartbeat at the latest. A heartbeat time-out raises UAV_disconnected;
-// when heartbeats come back the same handle is announced again. Handles stay
-// alive as long as the worker, because pages may keep the last one.
+// when heartbeats come back the same handle is announced again, and so it is
+// after its link was disconnected and connected again. Handles stay alive as
+// long as the worker, because pages may keep the last one.
+//
+// The link manager given (may be null) tracks the aircraft links, so they
+// can be disconnected and connected by id from the GUI thread.
 class CLmUAVConnectObj : public QObject
 {
     Q_OBJECT
@@ -49,6 +53,11 @@ Q_SIGNALS:
     void multirotor_planeInfo(QStringList info);
     void KeyStatusString(QString status);
     void NeedNotifyParachute(int count);
+    // An aircraft port could not be opened (busy or missing); where names
+    // it. Its link tries again by itself.
+    void linkBusy(QString where);
+    // An aircraft link opened.
+    void linkOpened();
 
 private:
     struct SAircraft {
@@ -70,8 +79,10 @@ private:
     CLmUasProvide* CreateHandle(CLmLinkProvide* pLink, const mavlink_message_t& heartbeat);
     void AnnounceIfReady(SAircraft& aircraft);
     void OnHeartbeatLost(const AircraftKey& key);
+    void OnLinkDisconnected(CLmLinkProvide* pLink);
     void DropAircraftOn(CLmLinkProvide* pLink);
 
+    CLmLinkManager* m_pLinkManager;
     QString m_strSerialPorts;
     int m_iSerialBaud = 0;
     int m_iHeartbeatTimeoutMs = 0;

@@ -16,6 +16,8 @@ CLmUdpLink::CLmUdpLink(int linkId, quint16 listenPort, QObject* parent)
     , m_nListenPort(listenPort)
 {
     connect(&m_socket, &QUdpSocket::readyRead, this, &CLmUdpLink::OnReadyRead);
+    m_retryTimer.setSingleShot(true);
+    connect(&m_retryTimer, &QTimer::timeout, this, &CLmUdpLink::Bind);
 }
 
 quint16 CLmUdpLink::GetLocalPort() const
@@ -27,8 +29,18 @@ void CLmUdpLink::Connect()
 {
     if (m_socket.state() == QAbstractSocket::BoundState)
         return;
+    m_backoff.Reset();
+    Bind();
+}
+
+void CLmUdpLink::Bind()
+{
     if (!m_socket.bind(QHostAddress::AnyIPv4, m_nListenPort)) {
-        qCWarning(lcLinkInstanceUav) << "cannot listen on UDP port" << m_nListenPort << m_socket.errorString();
+        const int delay = m_backoff.NextDelayMs();
+        qCWarning(lcLinkInstanceUav) << "cannot listen on UDP port" << m_nListenPort << m_socket.errorString()
+                                     << "- trying again in" << delay << "ms";
+        m_retryTimer.start(delay);
+        emit openFailed(QStringLiteral("UDP %1").arg(m_nListenPort));
         return;
     }
     m_socket.setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, kReceiveBufferBytes);
@@ -39,6 +51,7 @@ void CLmUdpLink::Connect()
 
 void CLmUdpLink::Disconnect()
 {
+    m_retryTimer.stop();
     if (m_socket.state() != QAbstractSocket::BoundState)
         return;
     m_socket.close();

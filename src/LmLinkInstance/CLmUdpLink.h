@@ -1,14 +1,18 @@
 #pragma once
 
 #include "CLmLinkProvide.h"
+#include "CLmReconnectBackoff.h"
 
 #include <QHostAddress>
+#include <QTimer>
 #include <QUdpSocket>
 
 #include <atomic>
 
 // Listens on a local UDP port (0 picks a free one) and answers the peer it
-// last heard from; nothing is sent before a datagram arrived.
+// last heard from; nothing is sent before a datagram arrived. A port held by
+// another program is tried again after a back-off (CLmReconnectBackoff)
+// until it binds or Disconnect() is called.
 class CLmUdpLink : public CLmLinkProvide
 {
     Q_OBJECT
@@ -24,8 +28,11 @@ public:
 
 private:
     void OnReadyRead();
+    void Bind();
 
     QUdpSocket m_socket{this};
+    QTimer m_retryTimer{this};
+    CLmReconnectBackoff m_backoff;
     const quint16 m_nListenPort;
     std::atomic<quint16> m_nBoundPort{0};
     QHostAddress m_peerAddress;

@@ -54,7 +54,10 @@ void CLmCarrowmereMaintainPage::UpdateAircraftControls()
     const bool held = m_pUas != nullptr;
     m_pUi->m_pBtnPlaneStatus->setEnabled(held);
     m_pUi->m_pBtnUavSettings->setEnabled(held);
-    m_pUi->m_pLabelUasState->setText(held ? tr("Aircraft connected.") : tr("No aircraft connected."));
+    if (held)
+        m_pUi->m_pLabelUasState->setText(tr("Aircraft connected."));
+    else
+        m_pUi->m_pLabelUasState->setText(m_strLinkProblem.isEmpty() ? tr("No aircraft connected.") : m_strLinkProblem);
     if (!held) {
         m_pUi->m_pLabelPlaneInfo->clear();
         m_pUi->m_pLabelKeyStatus->clear();
@@ -99,6 +102,12 @@ void CLmCarrowmereMaintainPage::ReleaseDeviceConnection()
 void CLmCarrowmereMaintainPage::RestoreDeviceConnection()
 {
     m_bDeviceConnectionArmed = true;
+}
+
+void CLmCarrowmereMaintainPage::SetLinkProblem(const QString& text)
+{
+    m_strLinkProblem = text;
+    UpdateAircraftControls();
 }
 
 void CLmCarrowmereMaintainPage::slotRecivePlaneInfo(QStringList info)

@@ -34,6 +34,9 @@ public:
     // aircraft and takes none until the connection is restored.
     void ReleaseDeviceConnection();
     void RestoreDeviceConnection();
+    // Why no aircraft can connect (an aircraft port is busy), shown in the
+    // status text while none is held; empty when nothing is wrong.
+    void SetLinkProblem(const QString& text);
 
 public Q_SLOTS:
     void slotRecivePlaneInfo(QStringList info);
@@ -56,5 +59,6 @@ private:
     CLmUasProvide* m_pUas = nullptr;
     bool m_bDeviceConnectionArmed = true;
     bool m_bParachuteNotice = false;
+    QString m_strLinkProblem;
     QString m_strFirmwarePackage;
 };

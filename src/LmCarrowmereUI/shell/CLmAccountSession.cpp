@@ -25,6 +25,7 @@ CLmAccountSession::CLmAccountSession(QWidget* pWindow, QLabel* pNameLabel, const
     , m_pNameLabel(pNameLabel)
     , m_listAccountButtons(accountButtons)
 {
+    SetAccountButtonsEnabled(false);
 }
 
 bool CLmAccountSession::IsSignedIn() const
@@ -110,6 +111,10 @@ void CLmAccountSession::ShowSignedIn()
                                               + QStringLiteral("/Vireo_AirLine/"));
     m_pNameLabel->setText(user.strNickName);
     SetAccountButtonsEnabled(true);
+    const bool switched = !m_strShownUserId.isEmpty() && m_strShownUserId != user.strUserID;
+    m_strShownUserId = user.strUserID;
+    if (switched)
+        Q_EMIT AccountSwitched();
     Q_EMIT SignedIn();
 }
 
@@ -122,6 +127,7 @@ void CLmAccountSession::ShowStoredUser()
     }
     m_pNameLabel->setText(tr("Sign in"));
     SetAccountButtonsEnabled(false);
+    m_strShownUserId.clear();
     Q_EMIT SignedOut();
 }
 

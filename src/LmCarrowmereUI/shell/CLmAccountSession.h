@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QString>
 
 class QByteArray;
 class QLabel;
@@ -18,7 +19,7 @@ class CLmAccountSession : public QObject
 public:
     // pWindow parents the session, its boxes and the login dialog;
     // pNameLabel shows who is signed in; accountButtons are usable only while
-    // someone is.
+    // someone is, so they start disabled until a session is shown.
     CLmAccountSession(QWidget* pWindow, QLabel* pNameLabel, const QList<QWidget*>& accountButtons);
 
     bool IsSignedIn() const;
@@ -52,6 +53,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     void SignedIn();
     void SignedOut();
+    // Another account than the one shown before signed in.
+    void AccountSwitched();
     // The "/user/profile" reply of the signed-in user.
     void ProfileArrived(const QByteArray& reply);
 
@@ -65,4 +68,5 @@ private:
     QWidget* m_pWindow;
     QLabel* m_pNameLabel;
     QList<QWidget*> m_listAccountButtons;
+    QString m_strShownUserId;
 };

@@ -3,6 +3,7 @@
 #include "ui_CLmCarrowmereLoginDialog.h"
 
 #include "CLmForgetPasswordDialog.h"
+#include "CLmControl.h"
 #include "CLmMessageBox.h"
 #include "CLmNetWorkRequest.h"
 #include "CLmRegisterDialog.h"
@@ -11,7 +12,9 @@
 #include "LmCloudForm.h"
 #include "LmCloudPaths.h"
 #include "LmCloudRequest.h"
+#include "LmCarrowmereUILog.h"
 
+#include <QDir>
 #include <QNetworkInterface>
 
 namespace {
@@ -107,6 +110,16 @@ void CLmCarrowmereLoginDialog::StoreUserSession(const QJsonObject& data)
     user.strUserID = data.value(QStringLiteral("id")).toVariant().toString();
     user.strUserType = data.value(QStringLiteral("type")).toVariant().toString();
     CLmSessionStore().SaveSignIn(user, data.value(QStringLiteral("permission")).toString());
+    FormUserProjectFolder(user.strAccount);
+}
+
+// The account's own project folder exists from its first sign-in on.
+void CLmCarrowmereLoginDialog::FormUserProjectFolder(const QString& account)
+{
+    const QString folder =
+        CLmControl::GetInstance()->GetAppDataDirectory() + QStringLiteral("/Project/") + account + QLatin1Char('/');
+    if (!QDir().mkpath(folder))
+        qCWarning(lcMainWnd) << "cannot make the project folder" << folder;
 }
 
 void CLmCarrowmereLoginDialog::slotFailedAction(const QString& message)

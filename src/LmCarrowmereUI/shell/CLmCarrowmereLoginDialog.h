@@ -39,6 +39,7 @@ private Q_SLOTS:
 
 private:
     void StoreUserSession(const QJsonObject& data);
+    void FormUserProjectFolder(const QString& account);
     // Runs an account dialog; once it succeeds its phone becomes the account.
     void RunAccountDialog(CLmPhoneCodeDialog& dialog);
 

@@ -62,7 +62,7 @@ CLmCarrowmereMainWindow::CLmCarrowmereMainWindow(QWidget* parent)
         this, m_pUi->m_pLabelUserName,
         {m_pUi->m_pBtnProjManager, m_pUi->m_pBtnMainWndMaintain, m_pUi->m_pBtnMainWndVireoMoniter});
     ConnectAccountSession();
-    m_pLauncher = new CLmLauncher(m_process, m_threadUpload, this);
+    m_pLauncher = new CLmLauncher(m_process, m_threadUpload, m_pLinkManager, this);
     ConnectLauncher();
     m_pDeviceHub = std::make_unique<CLmDeviceHub>(m_threadUAV, m_threadUpload, m_threadNetWork, m_pLinkManager,
                                                   m_pMaintainPage, std::make_unique<CLmUsbDeviceLink>(nullptr));
@@ -200,6 +200,8 @@ void CLmCarrowmereMainWindow::ConnectAccountSession()
             &CLmNoticeCenter::RefreshPushSubscription);
     connect(m_pAccountSession, &CLmAccountSession::SignedOut, this, &Window::slotBackToHome);
     connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pProjMgrWgt, &CLmProjMgrWgt::Reset);
+    connect(m_pAccountSession, &CLmAccountSession::SignedOut, this, &Window::ForgetAccountTraces);
+    connect(m_pAccountSession, &CLmAccountSession::AccountSwitched, this, &Window::ForgetAccountTraces);
 }
 
 void CLmCarrowmereMainWindow::ConnectDeviceHub()
@@ -281,6 +283,7 @@ void CLmCarrowmereMainWindow::slotShowSysMsg()
         return;
     m_pUserMessagePage->ShowMessageView();
     ShowPage(m_pUserMessagePage);
+    ClearNewMessageIcon();
 }
 
 void CLmCarrowmereMainWindow::ShowPage(QWidget* pPage)
@@ -305,11 +308,26 @@ void CLmCarrowmereMainWindow::ShowNewMessageIcon()
     SwapStyleImage(m_pUi->m_pBtnMessage, QStringLiteral("Mymessage_Nonews_ic"), QStringLiteral("Mymessage_news_ic"));
 }
 
-// A news text makes the system message clickable.
+void CLmCarrowmereMainWindow::ClearNewMessageIcon()
+{
+    SwapStyleImage(m_pUi->m_pBtnMessage, QStringLiteral("Mymessage_news_ic"), QStringLiteral("Mymessage_Nonews_ic"));
+}
+
+// A news text makes the system message clickable; without one it is not.
 void CLmCarrowmereMainWindow::ShowSystemMessage(const QString& text)
 {
     m_pUi->m_pBtnSysMessage->setText(text);
-    m_pUi->m_pBtnSysMessage->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+    m_pUi->m_pBtnSysMessage->setAttribute(Qt::WA_TransparentForMouseEvents, text.isEmpty());
+}
+
+// Nothing the account that left was told stays on screen for the next one.
+void CLmCarrowmereMainWindow::ForgetAccountTraces()
+{
+    ShowSystemMessage(QString());
+    ClearNewMessageIcon();
+    m_pUi->m_pBtnProjManager->SetTipVisible(false);
+    m_pMaintainPage->SetPendingRequest(false);
+    m_pUserMessagePage->ForgetAccount();
 }
 
 void CLmCarrowmereMainWindow::ResponseJsonObject(const QJsonObject& obj)

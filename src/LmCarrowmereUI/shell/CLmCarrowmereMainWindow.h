@@ -72,6 +72,8 @@ private:
     void ResponseJsonObject(const QJsonObject& obj);
     void ShowPage(QWidget* pPage);
     void ShowNewMessageIcon();
+    void ClearNewMessageIcon();
+    void ForgetAccountTraces();
     void ShowProjectBadge();
     void ShowSystemMessage(const QString& text);
     void ShowNetWorkState(bool bOnline);

@@ -52,6 +52,8 @@ void CLmDeviceHub::ConnectSerialPort()
             &CLmCarrowmereMaintainPage::slotKeyStatusString);
     connect(worker, &CLmUAVConnectObj::UAV_disconnected, this, &CLmDeviceHub::slotUasDisConnected);
     connect(worker, &CLmUAVConnectObj::NeedNotifyParachute, this, &CLmDeviceHub::slotNeedNotifyParachute);
+    connect(worker, &CLmUAVConnectObj::linkBusy, this, &CLmDeviceHub::ShowBusyPort);
+    connect(worker, &CLmUAVConnectObj::linkOpened, this, [this] { m_pMaintainPage->SetLinkProblem(QString()); });
     connect(this, &CLmDeviceHub::freeSerialPort, worker, &CLmUAVConnectObj::slotFreeSerialPort);
     connect(this, &CLmDeviceHub::connectSerialPort, worker, &CLmUAVConnectObj::slotConnectSerialPort);
     worker->moveToThread(&m_uavThread);
@@ -134,6 +136,12 @@ void CLmDeviceHub::slotUasDisConnected(CLmUasProvide* pUas)
     qCDebug(lcMainWnd) << "Uas Disconnect";
     m_pMaintainPage->SetCurrentUas(nullptr);
     Q_EMIT AircraftLost();
+}
+
+void CLmDeviceHub::ShowBusyPort(const QString& where)
+{
+    m_pMaintainPage->SetLinkProblem(
+        tr("The aircraft port %1 is in use by another program; trying again.").arg(where));
 }
 
 void CLmDeviceHub::slotNeedNotifyParachute(int count)

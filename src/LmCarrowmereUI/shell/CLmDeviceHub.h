@@ -64,6 +64,7 @@ private:
     void TakeFirstNetWorkAnswer(bool bOnline);
     void StartNetWorkTest();
     void HandUsbDisksToMaintainPage();
+    void ShowBusyPort(const QString& where);
 
     QThread& m_uavThread;
     QThread& m_uploadThread;

@@ -1,6 +1,7 @@
 #include "CLmLauncher.h"
 
 #include "CLmControl.h"
+#include "CLmLinkManager.h"
 #include "CLmMessageBox.h"
 #include "CLmSessionStore.h"
 #include "LmCarrowmereUILog.h"
@@ -31,12 +32,15 @@ bool RunsBesideMap(const QString& key)
 
 }  // namespace
 
-CLmLauncher::CLmLauncher(QProcess& process, QThread& uploadThread, QWidget* pWindow)
+CLmLauncher::CLmLauncher(QProcess& process, QThread& uploadThread, CLmLinkManager* pLinkManager,
+                         QWidget* pWindow)
     : QObject(pWindow)
     , m_process(process)
     , m_uploadThread(uploadThread)
+    , m_pLinkManager(pLinkManager)
     , m_pWindow(pWindow)
 {
+    connect(&m_process, &QProcess::errorOccurred, this, &CLmLauncher::ReportFailedStart);
 }
 
 void CLmLauncher::Launch(const QString& key)
@@ -72,7 +76,7 @@ void CLmLauncher::StartBesideMap(const QString& key)
 void CLmLauncher::OpenMonitor(const QString& token)
 {
     const QByteArray url = GetMonitorIP() + "/monitor/monitor4new?token=" + token.toLatin1();
-    QDesktopServices::openUrl(QUrl(QString::fromLatin1(url), QUrl::TolerantMode));
+    OpenInBrowser(QUrl(QString::fromLatin1(url), QUrl::TolerantMode));
 }
 
 void CLmLauncher::Open3DViewer()
@@ -87,7 +91,22 @@ void CLmLauncher::OpenImageViewer()
 
 void CLmLauncher::OpenHelp()
 {
-    QDesktopServices::openUrl(QUrl(GetHelpUrl(), QUrl::TolerantMode));
+    OpenInBrowser(QUrl(GetHelpUrl(), QUrl::TolerantMode));
+}
+
+// The query may carry the session token, so the log names the address only.
+void CLmLauncher::OpenInBrowser(const QUrl& url)
+{
+    const QUrl address = url.adjusted(QUrl::RemoveQuery);
+    qCInfo(lcLauncher) << "opening" << address.toString();
+    if (!QDesktopServices::openUrl(url))
+        qCWarning(lcLauncher) << "no browser could open" << address.toString();
+}
+
+void CLmLauncher::ReportFailedStart(QProcess::ProcessError error)
+{
+    if (error == QProcess::FailedToStart)
+        qCWarning(lcLauncher) << "could not start" << m_process.program() << m_process.errorString();
 }
 
 void CLmLauncher::StartViewer(const QString& relativeProgram)
@@ -110,8 +129,9 @@ void CLmLauncher::StartDetached(const QString& program, const QStringList& argum
 
 void CLmLauncher::HandOver()
 {
-    // The UAV worker owns the aircraft links and lets them go on this signal.
+    // The UAV worker stops opening serial radios on this signal.
     Q_EMIT freeSerialPort();
+    ReleaseLinks();
     m_pWindow->hide();
     if (IsFlying() && m_uploadThread.isRunning()) {
         m_uploadThread.quit();
@@ -123,9 +143,26 @@ void CLmLauncher::TakeBack(int exitCode, QProcess::ExitStatus exitStatus)
 {
     qCDebug(lcLauncher) << "application ended" << exitCode << exitStatus;
     Q_EMIT connectSerialPort();
+    RestoreLinks();
     m_pWindow->show();
     if (IsFlying() && !m_uploadThread.isRunning())
         m_uploadThread.start(QThread::InheritPriority);
+}
+
+void CLmLauncher::ReleaseLinks()
+{
+    m_listHandedOverLinkIds = m_pLinkManager->ConnectedDeviceLinkIds();
+    qCInfo(lcLauncher) << "handing over links" << m_listHandedOverLinkIds;
+    for (int linkId : qAsConst(m_listHandedOverLinkIds))
+        m_pLinkManager->DisconnectLink(linkId);
+}
+
+void CLmLauncher::RestoreLinks()
+{
+    qCInfo(lcLauncher) << "taking back links" << m_listHandedOverLinkIds;
+    for (int linkId : qAsConst(m_listHandedOverLinkIds))
+        m_pLinkManager->ConnectLink(linkId);
+    m_listHandedOverLinkIds.clear();
 }
 
 // Flight-data upload pauses while the flying application runs.

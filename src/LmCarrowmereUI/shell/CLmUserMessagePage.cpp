@@ -22,6 +22,7 @@ CLmUserMessagePage::CLmUserMessagePage(QWidget* parent)
         m_pUi->m_pUserStackedWidget->setCurrentWidget(m_pUi->m_pProfileView);
         m_pUi->m_pBtnShowMessages->setChecked(false);
         m_pUi->m_pBtnShowProfile->setChecked(true);
+        FetchProfile();
     });
     connect(m_pUi->m_pBtnSaveProfile, &QPushButton::clicked, this, &CLmUserMessagePage::slotSaveProfile);
     connect(m_pUi->m_pBtnLogout, &QPushButton::clicked, this, &CLmUserMessagePage::slotLogout);
@@ -66,6 +67,25 @@ void CLmUserMessagePage::ShowProfileView(const QByteArray& reply)
     m_pUi->m_pUserStackedWidget->setCurrentWidget(m_pUi->m_pProfileView);
     m_pUi->m_pBtnShowMessages->setChecked(false);
     m_pUi->m_pBtnShowProfile->setChecked(true);
+}
+
+// The tab always shows the signed-in account, however the page was reached.
+void CLmUserMessagePage::FetchProfile()
+{
+    if (!CLmSessionStore().IsSignedIn())
+        return;
+    CLmNetWorkRequest* request = NewUserRequest(LmCloudPath::UserProfile);
+    connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmUserMessagePage::ShowProfileView);
+    request->PostNetWorkReplyMessage();
+}
+
+void CLmUserMessagePage::ForgetAccount()
+{
+    SetMessages({});
+    for (QLineEdit* edit : {m_pUi->m_pEditNickName, m_pUi->m_pEditEmail, m_pUi->m_pEditCompany})
+        edit->clear();
+    m_pUi->m_pLabelPhone->clear();
+    m_pUi->m_pLabelProfileState->clear();
 }
 
 void CLmUserMessagePage::FillProfile(const QJsonObject& profile)

@@ -25,6 +25,8 @@ public:
     // does not parse leaves the fields as they were.
     void ShowProfileView(const QByteArray& reply);
     void SetMessages(const QJsonArray& messages);
+    // Forgets the messages and the profile of the account that left.
+    void ForgetAccount();
 
 Q_SIGNALS:
     void BackToHome();
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void slotNetWorkError();
 
 private:
+    void FetchProfile();
     void FillProfile(const QJsonObject& profile);
     CLmNetWorkRequest* NewUserRequest(const char* path);
 
