@@ -20,8 +20,17 @@ for _ in $(seq 100); do
   kill -0 $cloud 2>/dev/null || { echo "skycloud did not start" >&2; exit 1; }
   sleep 0.1
 done
-# The news page's browser engine refuses its sandbox to root.
-[ "$(id -u)" -eq 0 ] && export QTWEBENGINE_DISABLE_SANDBOX=1
+# skysibling stands in for the suite's programs under the names and folders
+# the launch table expects: the attached ones beside the configured
+# application folder, the detached ones and the viewers beside it.
+suite="$(cd "$BUILD_DIR" && pwd)/suite"
+mkdir -p "$suite/hub" "$suite/vireo_map" "$suite/Carrowmere"
+sibling="$(cd "$BUILD_DIR" && pwd)/bin/skysibling"
+for program in hub/VireoPlan hub/VireoFly hub/Vireo_Check vireo_map/Vireo_Process.exe vireo_map/Vireo_Map.exe \
+               vireo_map/vireo_viewer.exe Carrowmere/vireo_3dviewer.exe; do
+  ln -sf "$sibling" "$suite/$program"
+done
+export SKYCONSOLE_LAUNCHER_APPLICATION_DIR=${SKYCONSOLE_LAUNCHER_APPLICATION_DIR:-$suite/hub}
 export SKYCONSOLE_CLOUD_PRODUCTION_URL="http://127.0.0.1:$PORT"
 export SKYCONSOLE_CLOUD_PUSH_ADDRESS="127.0.0.1:$PUSH_PORT"
 "$BUILD_DIR/bin/skyconsole" "$@"

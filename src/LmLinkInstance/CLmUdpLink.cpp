@@ -45,6 +45,7 @@ void CLmUdpLink::Bind()
     }
     m_socket.setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, kReceiveBufferBytes);
     m_nBoundPort = m_socket.localPort();
+    m_nListenPort = m_nBoundPort;
     qCInfo(lcLinkInstanceUav) << "listening for aircraft on UDP port" << m_nBoundPort;
     emit connected();
 }

@@ -12,7 +12,8 @@
 // Listens on a local UDP port (0 picks a free one) and answers the peer it
 // last heard from; nothing is sent before a datagram arrived. A port held by
 // another program is tried again after a back-off (CLmReconnectBackoff)
-// until it binds or Disconnect() is called.
+// until it binds or Disconnect() is called. Connected again after a
+// Disconnect(), it listens on the port it had.
 class CLmUdpLink : public CLmLinkProvide
 {
     Q_OBJECT
@@ -33,7 +34,9 @@ private:
     QUdpSocket m_socket{this};
     QTimer m_retryTimer{this};
     CLmReconnectBackoff m_backoff;
-    const quint16 m_nListenPort;
+    // 0 until the first bind when a free port is wanted; then the bound one,
+    // so a link connected again is found where aircraft were told to send.
+    quint16 m_nListenPort;
     std::atomic<quint16> m_nBoundPort{0};
     QHostAddress m_peerAddress;
     quint16 m_nPeerPort = 0;

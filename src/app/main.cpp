@@ -4,8 +4,25 @@
 #include <QFile>
 #include <QLoggingCategory>
 
+#include <unistd.h>
+
+namespace {
+
+// The news page's browser engine refuses to start its sandbox as root and
+// would end the process; the hub keeps running without the sandbox instead.
+void AllowWebEngineAsRoot()
+{
+    if (geteuid() != 0 || qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX"))
+        return;
+    qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    qWarning("running as root: the news page's browser engine runs without its sandbox");
+}
+
+}  // namespace
+
 int main(int argc, char* argv[])
 {
+    AllowWebEngineAsRoot();
     // The news page's browser engine shares its GL context with the window.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication app(argc, argv);

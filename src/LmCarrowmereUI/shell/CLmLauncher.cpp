@@ -9,6 +9,7 @@
 
 #include <QDesktopServices>
 #include <QDir>
+#include <QGuiApplication>
 #include <QThread>
 #include <QUrl>
 #include <QWidget>
@@ -16,6 +17,14 @@
 namespace {
 
 const char kIconNotFound[] = ":/images/Normal/Home/HomeFile_share_no_ic.png";
+
+// Qt's platforms without a desktop (offscreen, minimal) refuse every address
+// with a warning that quotes it whole, session token included.
+bool PlatformOpensUrls()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+}
 
 QString ParentOfApplicationDirectory()
 {
@@ -99,7 +108,7 @@ void CLmLauncher::OpenInBrowser(const QUrl& url)
 {
     const QUrl address = url.adjusted(QUrl::RemoveQuery);
     qCInfo(lcLauncher) << "opening" << address.toString();
-    if (!QDesktopServices::openUrl(url))
+    if (!PlatformOpensUrls() || !QDesktopServices::openUrl(url))
         qCWarning(lcLauncher) << "no browser could open" << address.toString();
 }
 

@@ -11,7 +11,9 @@
 #include "LINK_TYPE.h"
 #include "LmCarrowmereUILog.h"
 
+#include <QLabel>
 #include <QLayout>
+#include <QOpenGLContext>
 #include <QUrl>
 #include <QWebEngineView>
 
@@ -23,6 +25,16 @@ const char kIconExclamation[] = ":/images/Normal/Exclamation_mark.png";
 bool IsActionableStatus(int status)
 {
     return status == 0 || status == 2;
+}
+
+// The browser engine aborts the whole process when it cannot make an OpenGL
+// context (the offscreen platform, a display without GL). Software rendering
+// does not help there: the platform offers no GL at all. So the hub asks
+// first and goes without the news view instead.
+bool CanMakeOpenGLContext()
+{
+    QOpenGLContext context;
+    return context.create();
 }
 
 }  // namespace
@@ -71,6 +83,15 @@ void CLmNoticeCenter::ShowNews(const QUrl& url)
 {
     // The browser engine is costly to start, so the view exists only once
     // the cloud has been reached.
+    if (!m_pNewsView && !m_pNewsUnavailable && !CanMakeOpenGLContext()) {
+        qCWarning(lcNotices) << "no OpenGL context on this display; the news page is not shown";
+        m_pNewsUnavailable = new QLabel(tr("The news page cannot be shown on this display."), m_pNewsHost);
+        m_pNewsUnavailable->setObjectName(QStringLiteral("m_pLabelNewsUnavailable"));
+        m_pNewsUnavailable->setAlignment(Qt::AlignCenter);
+        m_pNewsHost->layout()->addWidget(m_pNewsUnavailable);
+    }
+    if (m_pNewsUnavailable)
+        return;
     if (!m_pNewsView) {
         m_pNewsView = new QWebEngineView(m_pNewsHost);
         m_pNewsView->setObjectName(QStringLiteral("m_pNewsWebView"));

@@ -3,6 +3,7 @@
 #include <QJsonObject>
 #include <QObject>
 
+class QLabel;
 class QUrl;
 class QWebEngineView;
 class QWidget;
@@ -25,7 +26,8 @@ public:
     // Acts on one push notification ("status", "action", "message", "data").
     void Dispatch(const QJsonObject& notice);
 
-    // Loads the news page; its browser view is made the first time.
+    // Loads the news page; its browser view is made the first time. Where
+    // the display offers no OpenGL a status text stands in for it.
     void ShowNews(const QUrl& url);
     // Asks the cloud once for newer firmware, application and launcher.
     void StartUpdateChecks();
@@ -62,6 +64,7 @@ private:
     QWidget* m_pWindow;
     QWidget* m_pNewsHost;
     QWebEngineView* m_pNewsView = nullptr;
+    QLabel* m_pNewsUnavailable = nullptr;
     CLmLinkProvide* m_pPushLink = nullptr;
     CLmMessageBox* m_pFirmwareNoticeBox = nullptr;
 };
