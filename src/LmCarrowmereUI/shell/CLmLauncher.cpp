@@ -9,7 +9,6 @@
 
 #include <QDesktopServices>
 #include <QDir>
-#include <QGuiApplication>
 #include <QThread>
 #include <QUrl>
 #include <QWidget>
@@ -18,12 +17,31 @@ namespace {
 
 const char kIconNotFound[] = ":/images/Normal/Home/HomeFile_share_no_ic.png";
 
-// Qt's platforms without a desktop (offscreen, minimal) refuse every address
-// with a warning that quotes it whole, session token included.
-bool PlatformOpensUrls()
+// Qt's own warnings about an address the desktop cannot open (no browser, a
+// platform without one) quote it whole, and the monitor's query carries the
+// session token. While the desktop is asked, the query is masked in whatever
+// is logged.
+QStringList g_listMaskedQueries;
+QtMessageHandler g_pUnmaskedHandler = nullptr;
+
+void MaskQueries(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
-    const QString platform = QGuiApplication::platformName();
-    return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+    QString masked = message;
+    for (const QString& query : qAsConst(g_listMaskedQueries))
+        masked.replace(query, QStringLiteral("..."));
+    g_pUnmaskedHandler(type, context, masked);
+}
+
+bool OpenUrlWithQueryMasked(const QUrl& url)
+{
+    if (!url.hasQuery())
+        return QDesktopServices::openUrl(url);
+    g_listMaskedQueries = QStringList{url.query(QUrl::FullyEncoded), url.query(QUrl::FullyDecoded)};
+    g_pUnmaskedHandler = qInstallMessageHandler(MaskQueries);
+    const bool opened = QDesktopServices::openUrl(url);
+    qInstallMessageHandler(g_pUnmaskedHandler);
+    g_listMaskedQueries.clear();
+    return opened;
 }
 
 QString ParentOfApplicationDirectory()
@@ -108,7 +126,7 @@ void CLmLauncher::OpenInBrowser(const QUrl& url)
 {
     const QUrl address = url.adjusted(QUrl::RemoveQuery);
     qCInfo(lcLauncher) << "opening" << address.toString();
-    if (!PlatformOpensUrls() || !QDesktopServices::openUrl(url))
+    if (!OpenUrlWithQueryMasked(url))
         qCWarning(lcLauncher) << "no browser could open" << address.toString();
 }
 

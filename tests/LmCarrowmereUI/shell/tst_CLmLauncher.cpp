@@ -1,5 +1,6 @@
 #include "CLmDeployConfig.h"
 #include "CLmLauncher.h"
+#include "CLmLinkManager.h"
 #include "CLmSessionStore.h"
 #include "TestSession.h"
 
@@ -93,7 +94,8 @@ void tst_CLmLauncher::launchTable()
     QWidget window;
     QProcess process;
     QThread uploadThread;
-    CLmLauncher launcher(process, uploadThread, &window);
+    CLmLinkManager linkManager(nullptr);
+    CLmLauncher launcher(process, uploadThread, &linkManager, &window);
     QSignalSpy signInNeeded(&launcher, &CLmLauncher::SignInNeeded);
     launcher.Launch(key);
     // The programs do not exist here: the start fails, and what they were to
