@@ -42,6 +42,17 @@ std::optional<QString> FormFields::Optional(const char* name) const
     return QString::fromStdString(found->second);
 }
 
+QStringList FormFields::List(const char* name) const
+{
+    QStringList values;
+    for (const QString& part : Value(name).split(QLatin1Char(','))) {
+        const QString value = part.trimmed();
+        if (!value.isEmpty() && !values.contains(value))
+            values.append(value);
+    }
+    return values;
+}
+
 bool FormFields::RequireAll(std::initializer_list<const char*> names, httplib::Response& res) const
 {
     for (const char* name : names) {

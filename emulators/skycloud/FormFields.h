@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <initializer_list>
 #include <optional>
@@ -19,6 +20,9 @@ public:
 
     QString Value(const char* name) const;
     std::optional<QString> Optional(const char* name) const;
+    // A field of values joined by ",": trimmed, without empty parts and
+    // repeats, in their first order.
+    QStringList List(const char* name) const;
     // Writes a 400 naming the first missing or empty field.
     bool RequireAll(std::initializer_list<const char*> names, httplib::Response& res) const;
 

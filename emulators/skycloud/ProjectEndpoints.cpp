@@ -5,6 +5,8 @@
 #include "LmProjectFiles.h"
 #include "ProjectStore.h"
 
+#include <QJsonArray>
+
 ProjectEndpoints::ProjectEndpoints(CloudStore& store, ProjectStore& projects)
     : m_projects(projects)
     , m_guard(store)
@@ -20,6 +22,8 @@ void ProjectEndpoints::Register(httplib::Server& server)
                     UploadPosted(req, res, reader);
                 });
     Route(server, "/project/downloadfile", this, &ProjectEndpoints::DownloadFile);
+    Route(server, "/project/remove", this, &ProjectEndpoints::RemoveOne);
+    Route(server, "/project/removemulti", this, &ProjectEndpoints::RemoveMulti);
 }
 
 void ProjectEndpoints::List(const httplib::Request& req, httplib::Response& res)
@@ -62,17 +66,43 @@ void ProjectEndpoints::DownloadFile(const httplib::Request& req, httplib::Respon
     if (!account || !fields.RequireAll({"id"}, res))
         return;
     const QString projectId = fields.Value("id");
-    switch (m_projects.CanRead(account->id, projectId)) {
-    case ProjectStore::Access::Unknown:
-        Envelope::Fail(res, 404, QStringLiteral("Unknown project"));
+    if (!Granted(m_projects.SelectOwned(account->id, {projectId}), res))
         return;
-    case ProjectStore::Access::Forbidden:
-        Envelope::Fail(res, 403, QStringLiteral("Project belongs to another account"));
-        return;
-    case ProjectStore::Access::Granted:
-        break;
-    }
     const QByteArray bytes = m_projects.FileBytes(projectId);
     res.status = 200;
     res.set_content(bytes.toStdString(), "application/octet-stream");
+}
+
+void ProjectEndpoints::RemoveOne(const httplib::Request& req, httplib::Response& res)
+{
+    const std::optional<Account> account = m_guard.RequireAccount(req, res);
+    const FormFields fields(req);
+    if (account && fields.RequireAll({"id"}, res))
+        RemoveProjects(*account, {fields.Value("id")}, res);
+}
+
+void ProjectEndpoints::RemoveMulti(const httplib::Request& req, httplib::Response& res)
+{
+    const std::optional<Account> account = m_guard.RequireAccount(req, res);
+    if (!account)
+        return;
+    const QStringList projectIds = FormFields(req).List("ids");
+    if (projectIds.isEmpty())
+        Envelope::Fail(res, 400, QStringLiteral("Missing field: ids"));
+    else
+        RemoveProjects(*account, projectIds, res);
+}
+
+void ProjectEndpoints::RemoveProjects(const Account& account, const QStringList& projectIds, httplib::Response& res)
+{
+    if (Granted(m_projects.Remove(account.id, projectIds), res))
+        Envelope::Ok(res, QJsonObject{{"removed", QJsonArray::fromStringList(projectIds)}});
+}
+
+bool ProjectEndpoints::Granted(const ProjectStore::Selection& selection, httplib::Response& res)
+{
+    if (selection.error.isEmpty())
+        return true;
+    Envelope::Fail(res, selection.httpStatus, selection.error);
+    return false;
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "EndpointGroup.h"
+#include "ProjectStore.h"
 #include "TokenGuard.h"
 
 class CloudStore;
-class ProjectStore;
 
-// "/project/...": the account's project files: list, upload and download.
+// "/project/...": the account's project files: list, upload, download and removal.
 class ProjectEndpoints : public EndpointGroup
 {
 public:
@@ -22,6 +22,12 @@ private:
     void UploadQuery(const httplib::Request& req, httplib::Response& res);
     void StoreUpload(const httplib::Request& req, httplib::Response& res, const QString& uploadText);
     void DownloadFile(const httplib::Request& req, httplib::Response& res);
+    void RemoveOne(const httplib::Request& req, httplib::Response& res);
+    void RemoveMulti(const httplib::Request& req, httplib::Response& res);
+    // Removes all of the projects, or none when one is not the account's.
+    void RemoveProjects(const Account& account, const QStringList& projectIds, httplib::Response& res);
+    // Writes the refusal, if any, and tells whether the selection holds.
+    static bool Granted(const ProjectStore::Selection& selection, httplib::Response& res);
 
     ProjectStore& m_projects;
     TokenGuard m_guard;

@@ -35,6 +35,8 @@ bool ProjectStore::Open(QString* error)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     QDir().mkpath(m_dataDir + QStringLiteral("/projects"));
+    // Only a new store gets the demo projects: one emptied by its user stays empty.
+    const bool isNew = !QFile::exists(IndexPath());
     CLmDataBase index(IndexPath());
     if (!index.Open()
         || !index.Exec(QStringLiteral("CREATE TABLE IF NOT EXISTS projects ("
@@ -44,9 +46,8 @@ bool ProjectStore::Open(QString* error)
         *error = QStringLiteral("cannot open the project index: ") + index.LastError();
         return false;
     }
-    const bool empty = index.SelectValue(QStringLiteral("SELECT count(*) FROM projects")).toInt() == 0;
     index.Close();
-    if (empty)
+    if (isNew)
         SeedDemoProjects();
     return true;
 }
@@ -117,16 +118,51 @@ ProjectStore::UploadResult ProjectStore::StoreLocked(qint64 accountId, const QSt
     return {QString(), 200, QJsonObject{{"id", row->id}, {"version", version}, {"updated_at", updatedAt}}};
 }
 
-ProjectStore::Access ProjectStore::CanRead(qint64 accountId, const QString& projectId)
+ProjectStore::Selection ProjectStore::SelectOwned(qint64 accountId, const QStringList& projectIds)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     CLmDataBase index(IndexPath());
     if (!index.Open(true))
-        return Access::Unknown;
-    const QVariant owner = index.SelectValue(QStringLiteral("SELECT account_id FROM projects WHERE id = ?"), {projectId});
-    if (!owner.isValid())
-        return Access::Unknown;
-    return owner.toLongLong() == accountId ? Access::Granted : Access::Forbidden;
+        return {QStringLiteral("Unknown project"), 404, {}};
+    return SelectOwnedLocked(index, accountId, projectIds);
+}
+
+ProjectStore::Selection ProjectStore::SelectOwnedLocked(CLmDataBase& index, qint64 accountId,
+                                                        const QStringList& projectIds)
+{
+    Selection selection;
+    for (const QString& projectId : projectIds) {
+        QSqlQuery row(index.Database());
+        if (!index.Exec(QStringLiteral("SELECT account_id, project_name FROM projects WHERE id = ?"), {projectId}, &row)
+            || !row.next())
+            return {QStringLiteral("Unknown project"), 404, {}};
+        if (row.value(0).toLongLong() != accountId)
+            return {QStringLiteral("Project belongs to another account"), 403, {}};
+        selection.projects.append({projectId, row.value(1).toString()});
+    }
+    return selection;
+}
+
+ProjectStore::Selection ProjectStore::Remove(qint64 accountId, const QStringList& projectIds)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    CLmDataBase index(IndexPath());
+    if (!index.Open())
+        return {QStringLiteral("Cannot remove the project"), 500, {}};
+    const Selection selection = SelectOwnedLocked(index, accountId, projectIds);
+    if (!selection.error.isEmpty())
+        return selection;
+    bool ok = index.Database().transaction();
+    for (const Project& project : selection.projects)
+        ok = ok && index.Exec(QStringLiteral("DELETE FROM projects WHERE id = ?"), {project.id});
+    if (!ok || !index.Database().commit()) {
+        index.Database().rollback();
+        return {QStringLiteral("Cannot remove the project"), 500, {}};
+    }
+    // The index no longer names the files: one left behind is only dead weight.
+    for (const Project& project : selection.projects)
+        QFile::remove(AccountFolder(accountId) + QLatin1Char('/') + StoredFileName(project.id));
+    return selection;
 }
 
 QByteArray ProjectStore::FileBytes(const QString& projectId)

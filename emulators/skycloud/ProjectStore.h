@@ -3,10 +3,14 @@
 #include <QByteArray>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <mutex>
 #include <optional>
+
+class CLmDataBase;
 
 // The cloud's project store: the uploaded project files of every account in
 // <data>/projects/<account id>/, and an index of them in <data>/projects.db.
@@ -15,7 +19,20 @@
 class ProjectStore
 {
 public:
-    enum class Access { Granted, Unknown, Forbidden };
+    struct Project
+    {
+        QString id;
+        QString name;
+    };
+
+    // Projects picked by id for an account: all of them, or none with the
+    // refusal of the first id that is not the account's.
+    struct Selection
+    {
+        QString error;  // empty when every id names one of the account's projects
+        int httpStatus = 200;
+        QList<Project> projects;
+    };
 
     struct UploadResult
     {
@@ -26,14 +43,17 @@ public:
 
     explicit ProjectStore(const QString& dataDir);
 
-    // Creates the index and, in an empty store, the demo projects.
+    // Creates the index and, in a new store, the demo projects.
     bool Open(QString* error);
 
     QJsonArray List(qint64 accountId);
     // Stores an uploaded project file: the project row inside names the id;
     // the version goes up by one and is written into the stored copy.
     UploadResult Upload(qint64 accountId, const QByteArray& fileBytes);
-    Access CanRead(qint64 accountId, const QString& projectId);
+    Selection SelectOwned(qint64 accountId, const QStringList& projectIds);
+    // Removes the files and index entries of the projects, or nothing when
+    // any id is not the account's.
+    Selection Remove(qint64 accountId, const QStringList& projectIds);
     QByteArray FileBytes(const QString& projectId);
 
 private:
@@ -51,6 +71,7 @@ private:
     static int CountTasks(const QString& filePath);
     static bool StampFile(const QString& filePath, const QString& projectId, qint64 version, const QString& updatedAt);
     void SeedDemoProjects();
+    static Selection SelectOwnedLocked(CLmDataBase& index, qint64 accountId, const QStringList& projectIds);
     UploadResult StoreLocked(qint64 accountId, const QString& tempPath);
 
     QString m_dataDir;

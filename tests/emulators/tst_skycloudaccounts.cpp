@@ -28,7 +28,6 @@ private slots:
     void messageListIsNewestFirst();
 
 private:
-    QByteArray Login(const QByteArray& phone, const QByteArray& password = "skyconsole");
     QString IssueCode(const QByteArray& path, const QByteArray& phone);
 
     std::unique_ptr<CSkyCloudProcess> m_cloud;
@@ -43,12 +42,6 @@ void tst_SkyCloudAccounts::init()
 void tst_SkyCloudAccounts::cleanup()
 {
     m_cloud.reset();
-}
-
-QByteArray tst_SkyCloudAccounts::Login(const QByteArray& phone, const QByteArray& password)
-{
-    const QJsonObject reply = m_cloud->Call("/user/login", "phone=" + phone + "&password=" + password + "&device_id=aa:bb");
-    return reply.value("data").toObject().value("token").toString().toLatin1();
 }
 
 QString tst_SkyCloudAccounts::IssueCode(const QByteArray& path, const QByteArray& phone)
@@ -99,12 +92,14 @@ void tst_SkyCloudAccounts::login()
 
 void tst_SkyCloudAccounts::demoAccountsAreDistinct()
 {
-    const QJsonObject one = m_cloud->Call("/user/profile", {}, Login("13800000001")).value("data").toObject();
-    const QJsonObject two = m_cloud->Call("/user/profile", {}, Login("13800000002")).value("data").toObject();
+    const QByteArray tokenOne = m_cloud->SignIn("13800000001");
+    const QByteArray tokenTwo = m_cloud->SignIn("13800000002");
+    const QJsonObject one = m_cloud->Call("/user/profile", {}, tokenOne).value("data").toObject();
+    const QJsonObject two = m_cloud->Call("/user/profile", {}, tokenTwo).value("data").toObject();
     QVERIFY(one.value("id").toInt() != two.value("id").toInt());
     QVERIFY(one.value("type").toString() != two.value("type").toString());
     QVERIFY(one.value("permission").toString() != two.value("permission").toString());
-    QVERIFY(Login("13800000001") != Login("13800000001"));
+    QVERIFY(m_cloud->SignIn("13800000001") != m_cloud->SignIn("13800000001"));
 }
 
 void tst_SkyCloudAccounts::adminLogin_data()
@@ -145,7 +140,7 @@ void tst_SkyCloudAccounts::profileNeedsValidToken()
     QFETCH(QString, tokenKind);
     QFETCH(int, httpStatus);
 
-    QByteArray token = Login("13800000002");
+    QByteArray token = m_cloud->SignIn("13800000002");
     if (tokenKind == "missing")
         token.clear();
     else if (tokenKind == "bogus")
@@ -172,8 +167,8 @@ void tst_SkyCloudAccounts::profileNeedsValidToken()
 
 void tst_SkyCloudAccounts::logoutEndsOnlyThatSession()
 {
-    const QByteArray desktop = Login("13800000001");
-    const QByteArray laptop = Login("13800000001");
+    const QByteArray desktop = m_cloud->SignIn("13800000001");
+    const QByteArray laptop = m_cloud->SignIn("13800000001");
     QCOMPARE(m_cloud->Call("/user/logout", {}, desktop).value("status").toInt(-1), 0);
 
     int status = 0;
@@ -185,7 +180,7 @@ void tst_SkyCloudAccounts::logoutEndsOnlyThatSession()
 
 void tst_SkyCloudAccounts::editProfilePersistsAcrossRestart()
 {
-    const QByteArray token = Login("13800000001");
+    const QByteArray token = m_cloud->SignIn("13800000001");
     const QJsonObject edited =
         m_cloud->Call("/user/editprofile", "nick_name=Chief+Pilot%20%C3%85sa&company=Survey+Works", token)
             .value("data")
@@ -213,7 +208,7 @@ void tst_SkyCloudAccounts::editProfilePersistsAcrossRestart()
 
 void tst_SkyCloudAccounts::passwordResetRoundTrip()
 {
-    const QByteArray oldToken = Login("13800000002");
+    const QByteArray oldToken = m_cloud->SignIn("13800000002");
     const QString code = IssueCode("/user/resetpasswordsendsms", "13800000002");
     QVERIFY2(QRegularExpression("^[0-9]{6}$").match(code).hasMatch(), qPrintable(code));
     const QByteArray wrongCode = code == "000000" ? "111111" : "000000";
@@ -236,8 +231,8 @@ void tst_SkyCloudAccounts::passwordResetRoundTrip()
     QCOMPARE(status, 403);
     m_cloud->Call("/user/profile", {}, oldToken, &status);
     QCOMPARE(status, 401);
-    QVERIFY(Login("13800000002").isEmpty());
-    QVERIFY(!Login("13800000002", "newpass1").isEmpty());
+    QVERIFY(m_cloud->SignIn("13800000002").isEmpty());
+    QVERIFY(!m_cloud->SignIn("13800000002", "newpass1").isEmpty());
 
     m_cloud->Call("/user/resetpasswordsendsms", "phone=13899999999", {}, &status);
     QCOMPARE(status, 400);
@@ -260,7 +255,7 @@ void tst_SkyCloudAccounts::registerThenChangePhone()
                                     .toObject();
     QCOMPARE(status, 200);
     QCOMPARE(created.value("nick_name").toString(), QString("New Pilot"));
-    const QByteArray token = Login("13911112222", "secret1");
+    const QByteArray token = m_cloud->SignIn("13911112222", "secret1");
     QVERIFY(!token.isEmpty());
 
     const QString phoneCode = IssueCode("/user/sendvalidate", "13933334444");
@@ -273,8 +268,8 @@ void tst_SkyCloudAccounts::registerThenChangePhone()
     QCOMPARE(status, 200);
     QCOMPARE(changed.value("phone").toString(), QString("13933334444"));
     QCOMPARE(changed.value("id"), created.value("id"));
-    QVERIFY(!Login("13933334444", "secret1").isEmpty());
-    QVERIFY(Login("13911112222", "secret1").isEmpty());
+    QVERIFY(!m_cloud->SignIn("13933334444", "secret1").isEmpty());
+    QVERIFY(m_cloud->SignIn("13911112222", "secret1").isEmpty());
 }
 
 void tst_SkyCloudAccounts::codesStayHiddenWithoutExposeFlag()
@@ -294,7 +289,7 @@ void tst_SkyCloudAccounts::messageListIsNewestFirst()
     QCOMPARE(status, 401);
 
     const QJsonArray messages =
-        m_cloud->Call("/push/messageList", {}, Login("13800000001"), &status).value("data").toArray();
+        m_cloud->Call("/push/messageList", {}, m_cloud->SignIn("13800000001"), &status).value("data").toArray();
     QCOMPARE(status, 200);
     QVERIFY(!messages.isEmpty());
     qint64 previousId = std::numeric_limits<qint64>::max();

@@ -135,6 +135,12 @@ QJsonObject CSkyCloudProcess::Call(const QByteArray& path, const QByteArray& for
     return CallWithHeader(path, formBody, "token", token, httpStatus);
 }
 
+QByteArray CSkyCloudProcess::SignIn(const QByteArray& phone, const QByteArray& password)
+{
+    const QJsonObject reply = Call("/user/login", "phone=" + phone + "&password=" + password + "&device_id=");
+    return reply.value(QStringLiteral("data")).toObject().value(QStringLiteral("token")).toString().toLatin1();
+}
+
 QJsonObject CSkyCloudProcess::CallWithHeader(const QByteArray& path, const QByteArray& formBody,
                                              const QByteArray& headerName, const QByteArray& headerValue,
                                              int* httpStatus)

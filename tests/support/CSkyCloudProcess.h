@@ -38,6 +38,9 @@ public:
     // the reply's JSON object (empty when it does not parse).
     QJsonObject Call(const QByteArray& path, const QByteArray& formBody = {}, const QByteArray& token = {},
                      int* httpStatus = nullptr);
+    // Signs the account in through "/user/login" and returns its token
+    // (empty when the sign-in failed).
+    QByteArray SignIn(const QByteArray& phone, const QByteArray& password = "skyconsole");
     // As Call(), with the value sent in the named header (for example
     // "admin-token" for "/push/send").
     QJsonObject CallWithHeader(const QByteArray& path, const QByteArray& formBody, const QByteArray& headerName,
