@@ -3,4 +3,5 @@
 Q_LOGGING_CATEGORY(lcMainWnd, "sky.carrowmereui.mainwindow")
 Q_LOGGING_CATEGORY(lcPhoneCode, "sky.carrowmereui.phonecode")
 Q_LOGGING_CATEGORY(lcProjSynch, "sky.carrowmereui.projectsynch")
+Q_LOGGING_CATEGORY(lcProjMgr, "sky.carrowmereui.projectmanager")
 Q_LOGGING_CATEGORY(lcNoFly, "sky.carrowmereui.noflyzone")
