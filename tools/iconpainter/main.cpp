@@ -242,6 +242,77 @@ void PictureGlyph(QPainter& p, const QColor&)
     Dot(p, Palette::White, QPointF(42, 23), 4);
 }
 
+// Row-button glyphs keep inside the circle of radius 22 so that the hover
+// variant can put them on a disc without touching its rim.
+
+void ShareGlyph(QPainter& p, const QColor& color)
+{
+    const QPointF source(20, 32), upper(44, 19), lower(44, 45);
+    p.setPen(Stroke(color, 4.5));
+    p.drawLine(source, upper);
+    p.drawLine(source, lower);
+    for (const QPointF& node : {source, upper, lower})
+        Dot(p, color, node, 7);
+}
+
+void BinGlyph(QPainter& p, const QColor& color)
+{
+    p.setPen(Stroke(color, 4.5));
+    p.setBrush(Qt::NoBrush);
+    p.drawLine(QPointF(15, 19), QPointF(49, 19));
+    StrokePolyline(p, color, 4.5, {{26, 19}, {27, 13}, {37, 13}, {38, 19}});
+    StrokePolyline(p, color, 4.5, {{19, 19}, {21.5, 51}, {42.5, 51}, {45, 19}});
+    p.setPen(Stroke(color, 3.5));
+    p.drawLine(QPointF(28, 27), QPointF(28.5, 43));
+    p.drawLine(QPointF(36, 27), QPointF(35.5, 43));
+}
+
+void CloudDownloadGlyph(QPainter& p, const QColor& color)
+{
+    QPainterPath cloud;
+    cloud.moveTo(22, 41);
+    cloud.arcTo(QRectF(10, 25, 16, 16), 270, -180);
+    cloud.arcTo(QRectF(18, 14, 24, 24), 160, -150);
+    cloud.arcTo(QRectF(38, 23, 16, 18), 90, -180);
+    cloud.lineTo(42, 41);
+    p.setPen(Stroke(color, 4.5));
+    p.setBrush(Qt::NoBrush);
+    p.drawPath(cloud);
+    p.drawLine(QPointF(32, 28), QPointF(32, 51));
+    StrokePolyline(p, color, 4.5, {{25, 44}, {32, 51}, {39, 44}});
+}
+
+void InfoGlyph(QPainter& p, const QColor& color)
+{
+    p.setPen(Stroke(color, 4.5));
+    p.setBrush(Qt::NoBrush);
+    p.drawEllipse(QPointF(32, 32), 20, 20);
+    p.setPen(Stroke(color, 5.5));
+    p.drawLine(QPointF(32, 30), QPointF(32, 42));
+    Dot(p, color, QPointF(32, 22), 3.5);
+}
+
+void OpenFolderGlyph(QPainter& p, const QColor& color)
+{
+    StrokePolyline(p, color, 4.5, {{15, 46}, {15, 17}, {26, 17}, {30, 22}, {44, 22}, {44, 28}});
+    const QPointF flap[] = {{15, 46}, {22, 29}, {52, 29}, {45, 46}};
+    p.setPen(Stroke(color, 4.5));
+    p.setBrush(Qt::NoBrush);
+    p.drawPolygon(flap, 4);
+}
+
+void CheckMark(QPainter& p, const QColor& color, qreal width)
+{
+    StrokePolyline(p, color, width, {{19, 33}, {28, 42}, {45, 23}});
+}
+
+void ChevronGlyph(QPainter& p, const QColor& color, bool pointsDown)
+{
+    const qreal tip = pointsDown ? 42 : 22;
+    const qreal base = pointsDown ? 24 : 40;
+    StrokePolyline(p, color, 8, {{14, base}, {32, tip}, {50, base}});
+}
+
 // ---- whole icons ------------------------------------------------------------
 
 Painting Launcher(const QColor& tile, void (*glyph)(QPainter&, const QColor&))
@@ -380,6 +451,68 @@ void HeaderBackground(QImage& image)
     p.fillRect(QRect(0, image.height() - 1, image.width(), 1), QColor(0x2c, 0x5a, 0x8f));
 }
 
+// A button of a project row: a slate glyph at rest; under the mouse the glyph
+// turns white on a disc of the button's colour.
+Painting RowButton(void (*glyph)(QPainter&, const QColor&), const QColor& hoverColor, bool hovered)
+{
+    return [glyph, hoverColor, hovered](QPainter& p) {
+        if (!hovered) {
+            glyph(p, Palette::Slate);
+            return;
+        }
+        Disc(p, hoverColor);
+        p.translate(32, 32);
+        p.scale(0.72, 0.72);
+        p.translate(-32, -32);
+        glyph(p, Palette::White);
+    };
+}
+
+void CheckBoxEmpty(QPainter& p)
+{
+    p.setPen(QPen(Palette::Grey, 5));
+    p.setBrush(Palette::White);
+    p.drawRoundedRect(QRectF(6, 6, 52, 52), 10, 10);
+}
+
+void CheckBoxChecked(QPainter& p)
+{
+    p.setPen(Qt::NoPen);
+    p.setBrush(Palette::Blue);
+    p.drawRoundedRect(QRectF(3.5, 3.5, 57, 57), 12, 12);
+    CheckMark(p, Palette::White, 8);
+}
+
+void DownloadMark(QPainter& p)
+{
+    p.setPen(Stroke(Palette::Blue, 6));
+    p.drawLine(QPointF(32, 8), QPointF(32, 40));
+    StrokePolyline(p, Palette::Blue, 6, {{20, 29}, {32, 41}, {44, 29}});
+    StrokePolyline(p, Palette::Blue, 6, {{10, 42}, {10, 54}, {54, 54}, {54, 42}});
+}
+
+void DoneMark(QPainter& p)
+{
+    Disc(p, Palette::Green);
+    CheckMark(p, Palette::White, 7);
+}
+
+void WarnQuestion(QPainter& p)
+{
+    Disc(p, Palette::Amber);
+    QuestionGlyph(p, Palette::White, 6);
+}
+
+void ArrowDown(QPainter& p)
+{
+    ChevronGlyph(p, Palette::Slate, true);
+}
+
+void ArrowUp(QPainter& p)
+{
+    ChevronGlyph(p, Palette::Slate, false);
+}
+
 struct SIcon
 {
     QString path;
@@ -387,10 +520,19 @@ struct SIcon
     Painting paint;
 };
 
+// The resting ("_nor") and hovered ("_hovpre") images of one row button.
+void AddRowButton(std::vector<SIcon>& icons, const QString& stem, void (*glyph)(QPainter&, const QColor&),
+                  const QColor& hoverColor)
+{
+    icons.push_back({stem + "_nor.png", 24, RowButton(glyph, hoverColor, false)});
+    icons.push_back({stem + "_hovpre.png", 24, RowButton(glyph, hoverColor, true)});
+}
+
 std::vector<SIcon> Icons()
 {
     const QString home = QStringLiteral("Normal/Home/");
-    return {
+    const QString projMgr = QStringLiteral("Normal/ProjMgr/");
+    std::vector<SIcon> icons = {
         {home + "HomeFile_share_ok_ic.png", 48, MessageOk},
         {home + "HomeFile_share_no_ic.png", 48, MessageFailed},
         {home + "HomeFilebut_receive_ic.png", 48, MessageQuestion},
@@ -414,7 +556,20 @@ std::vector<SIcon> Icons()
         {home + "app_3dviewer.png", 64, Launcher(Palette::Purple, CubeGlyph)},
         {home + "app_viewer.png", 64, Launcher(Palette::Sky, PictureGlyph)},
         {QStringLiteral("Normal/logo.png"), 128, Logo},
+        {projMgr + "Check_box_nor.png", 16, CheckBoxEmpty},
+        {projMgr + "Check_box_pre.png", 16, CheckBoxChecked},
+        {projMgr + "download_ic.png", 16, DownloadMark},
+        {projMgr + "yes_ic.png", 16, DoneMark},
+        {projMgr + "warn_question_ic.png", 48, WarnQuestion},
+        {projMgr + "arrow_down_btn_nor.png", 12, ArrowDown},
+        {projMgr + "arrow_up_btn_nor.png", 12, ArrowUp},
     };
+    AddRowButton(icons, projMgr + "share1_btn", ShareGlyph, Palette::Blue);
+    AddRowButton(icons, projMgr + "delete1_btn", BinGlyph, Palette::Red);
+    AddRowButton(icons, projMgr + "cloud_Download1_btn", CloudDownloadGlyph, Palette::Blue);
+    AddRowButton(icons, projMgr + "infor_btn", InfoGlyph, Palette::Blue);
+    AddRowButton(icons, projMgr + "open_btn", OpenFolderGlyph, Palette::Amber);
+    return icons;
 }
 
 bool Save(const QImage& image, const QDir& outDir, const QString& relativePath)

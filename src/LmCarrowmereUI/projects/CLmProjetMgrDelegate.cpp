@@ -1,0 +1,267 @@
+#include "CLmProjetMgrDelegate.h"
+
+#include "CLmProjetMgrItem.h"
+#include "LmProjMgrRoles.h"
+#include "LmProjSynchTypes.h"
+#include "LmProjRowPainting.h"
+
+#include <QAbstractItemView>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <QToolTip>
+
+using namespace LmProjRowLayout;
+using namespace LmProjRowPainting;
+
+namespace {
+
+struct SButtonLook
+{
+    const char* pszIcon;
+    const char* pszToolTip;
+    void (CLmProjetMgrDelegate::*clicked)(const QModelIndex&);
+};
+
+// Indexed by LmProjRowLayout::EButton.
+const SButtonLook ButtonLooks[] = {
+    {"share1_btn", QT_TRANSLATE_NOOP("CLmProjetMgrDelegate", "Share"), &CLmProjetMgrDelegate::signalShareBtnClicked},
+    {"delete1_btn", QT_TRANSLATE_NOOP("CLmProjetMgrDelegate", "Delete"),
+     &CLmProjetMgrDelegate::signalDeleteBtnClicked},
+    {"cloud_Download1_btn", QT_TRANSLATE_NOOP("CLmProjetMgrDelegate", "Download"),
+     &CLmProjetMgrDelegate::signalDownloadBtnClicked},
+    {"infor_btn", QT_TRANSLATE_NOOP("CLmProjetMgrDelegate", "Details"),
+     &CLmProjetMgrDelegate::signalDetailsBtnClicked},
+    {"open_btn", QT_TRANSLATE_NOOP("CLmProjetMgrDelegate", "Open"), &CLmProjetMgrDelegate::signalOpenBtnClicked},
+};
+
+const QColor LinkColor(0x2f, 0x80, 0xed);
+const QColor CompleteColor(0x43, 0xa0, 0x47);
+
+// Rows are tall enough for the buttons with 8 px above and below.
+constexpr int MinRowHeight = ButtonHeight + 16;
+
+QString ButtonImage(EButton button, bool bHovered)
+{
+    return QStringLiteral(":/images/Normal/ProjMgr/") + QLatin1String(ButtonLooks[button].pszIcon)
+           + (bHovered ? QStringLiteral("_hovpre.png") : QStringLiteral("_nor.png"));
+}
+
+QString CheckBoxImage(const QModelIndex& index)
+{
+    return index.data(Qt::CheckStateRole).toInt() == Qt::Checked
+               ? QStringLiteral(":/images/Normal/ProjMgr/Check_box_pre.png")
+               : QStringLiteral(":/images/Normal/ProjMgr/Check_box_nor.png");
+}
+
+QString RowId(const QModelIndex& index)
+{
+    return index.siblingAtColumn(CLmProjetMgrItem::ColumnProject).data(LmProjMgrRole::ProjectId).toString();
+}
+
+}  // namespace
+
+CLmProjetMgrDelegate::CLmProjetMgrDelegate(QAbstractItemView* pView)
+    : QStyledItemDelegate(pView)
+    , m_pView(pView)
+    , m_ptMouse(-1, -1)
+{
+    pView->setMouseTracking(true);
+    pView->viewport()->setAttribute(Qt::WA_Hover);
+}
+
+void CLmProjetMgrDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const
+{
+    const QStyleOptionViewItem rowOption = RowOption(option, index);
+    DrawItemBackground(pPainter, rowOption);
+    pPainter->save();
+    pPainter->setFont(rowOption.font);
+    pPainter->setPen(TextColor(rowOption));
+    switch (index.column()) {
+    case CLmProjetMgrItem::ColumnProject:
+        PaintProjectCell(pPainter, rowOption);
+        break;
+    case CLmProjetMgrItem::ColumnFlightLog:
+        PaintFlightLogCell(pPainter, rowOption, index);
+        break;
+    case CLmProjetMgrItem::ColumnCreateTime:
+        PaintTimeCell(pPainter, rowOption, index);
+        break;
+    default:
+        DrawItemText(pPainter, rowOption.rect.adjusted(TextPadding, 0, -TextPadding, 0), rowOption.text,
+                     Qt::AlignLeft | Qt::AlignVCenter);
+        break;
+    }
+    pPainter->restore();
+}
+
+QSize CLmProjetMgrDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.setHeight(qMax(size.height(), MinRowHeight));
+    return size;
+}
+
+bool CLmProjetMgrDelegate::editorEvent(QEvent* pEvent, QAbstractItemModel* pModel,
+                                       const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    switch (pEvent->type()) {
+    case QEvent::MouseMove:
+        ShowButtonToolTip(static_cast<QMouseEvent*>(pEvent), option, index);
+        return false;
+    case QEvent::MouseButtonRelease: {
+        const auto* pMouse = static_cast<QMouseEvent*>(pEvent);
+        return pMouse->button() == Qt::LeftButton && HandleRelease(pMouse->pos(), pModel, option, index);
+    }
+    default:
+        return false;
+    }
+}
+
+void CLmProjetMgrDelegate::slotResetBtn()
+{
+    m_mapStateBtn.clear();
+    m_mapStateTxt.clear();
+    m_pView->viewport()->update();
+}
+
+void CLmProjetMgrDelegate::slotUpdateStateTxt(QString strTxt, int nState, QString strKey)
+{
+    m_mapStateTxt.insert(strKey, {strTxt, nState});
+    m_pView->viewport()->update();
+}
+
+void CLmProjetMgrDelegate::slotUpdateStateBtn(int nState, QString strKey)
+{
+    m_mapStateBtn.insert(strKey, nState);
+    m_pView->viewport()->update();
+}
+
+void CLmProjetMgrDelegate::slotAllChecked(Qt::CheckState state)
+{
+    QAbstractItemModel* pModel = m_pView->model();
+    for (int iRow = 0; iRow < pModel->rowCount(); ++iRow)
+        pModel->setData(pModel->index(iRow, CLmProjetMgrItem::ColumnProject), state, Qt::CheckStateRole);
+}
+
+QStyleOptionViewItem CLmProjetMgrDelegate::RowOption(const QStyleOptionViewItem& option,
+                                                     const QModelIndex& index) const
+{
+    QStyleOptionViewItem rowOption(option);
+    initStyleOption(&rowOption, index);
+    rowOption.font = RowFont(rowOption.font);
+    return rowOption;
+}
+
+QVector<EButton> CLmProjetMgrDelegate::RowButtons(const QModelIndex& index) const
+{
+    return ButtonsForState(m_mapStateBtn.value(RowId(index), SynchStateInStep));
+}
+
+CLmProjetMgrDelegate::SFlightLogLayout CLmProjetMgrDelegate::FlightLogLayout(const QStyleOptionViewItem& rowOption,
+                                                                           const QModelIndex& index) const
+{
+    SFlightLogLayout layout;
+    const auto it = m_mapStateTxt.constFind(RowId(index));
+    layout.strCount = it != m_mapStateTxt.constEnd() ? it->strTxt : rowOption.text;
+    layout.nState = it != m_mapStateTxt.constEnd() ? it->nState : FlightLogNone;
+    if (layout.nState == FlightLogMissing)
+        layout.strWord = tr("Click download");
+    else if (layout.nState == FlightLogComplete)
+        layout.strWord = tr("Complete");
+    layout.rects = FlightLogRects(rowOption.rect, QFontMetrics(rowOption.font), layout.strCount, layout.strWord);
+    return layout;
+}
+
+void CLmProjetMgrDelegate::PaintProjectCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const
+{
+    pPainter->drawPixmap(CheckBoxRect(rowOption.rect), QPixmap(CheckBoxImage(rowOption.index)));
+    DrawItemText(pPainter, TextAfterCheckBox(rowOption.rect), rowOption.text, Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void CLmProjetMgrDelegate::PaintFlightLogCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
+                                              const QModelIndex& index) const
+{
+    const SFlightLogLayout layout = FlightLogLayout(rowOption, index);
+    pPainter->drawText(layout.rects.rectCount, Qt::AlignCenter, layout.strCount);
+    if (layout.strWord.isEmpty())
+        return;
+    const bool bSelected = rowOption.state & QStyle::State_Selected;
+    QFont wordFont = pPainter->font();
+    wordFont.setUnderline(layout.nState == FlightLogMissing);
+    pPainter->setFont(wordFont);
+    if (!bSelected)
+        pPainter->setPen(layout.nState == FlightLogMissing ? LinkColor : CompleteColor);
+    pPainter->drawText(layout.rects.rectWord, Qt::AlignCenter, layout.strWord);
+}
+
+void CLmProjetMgrDelegate::PaintTimeCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
+                                         const QModelIndex& index) const
+{
+    const QRect& cell = rowOption.rect;
+    const QVector<EButton> buttons = RowButtons(index);
+    const int iTextLeft = cell.left() + TextPadding;
+    const QRect textRect(iTextLeft, cell.top(), ButtonsLeft(cell, buttons.size()) - TextPadding - iTextLeft,
+                         cell.height());
+    DrawItemText(pPainter, textRect, rowOption.text, Qt::AlignLeft | Qt::AlignVCenter);
+
+    const bool bRowHovered = rowOption.state & QStyle::State_MouseOver;
+    for (int i = 0; i < buttons.size(); ++i) {
+        const QRect rect = ButtonRect(cell, buttons.size() - 1 - i);
+        pPainter->drawPixmap(rect, QPixmap(ButtonImage(buttons.at(i), bRowHovered && rect.contains(m_ptMouse))));
+    }
+}
+
+void CLmProjetMgrDelegate::ShowButtonToolTip(const QMouseEvent* pEvent, const QStyleOptionViewItem& option,
+                                             const QModelIndex& index)
+{
+    m_ptMouse = pEvent->pos();
+    QString strTip;
+    if (index.column() == CLmProjetMgrItem::ColumnCreateTime) {
+        const QVector<EButton> buttons = RowButtons(index);
+        const int iButton = ButtonAt(option.rect, buttons.size(), m_ptMouse);
+        if (iButton >= 0)
+            strTip = tr(ButtonLooks[buttons.at(iButton)].pszToolTip);
+    }
+    QToolTip::showText(pEvent->globalPos(), strTip, m_pView->viewport());
+    RepaintRow(option.rect);
+}
+
+bool CLmProjetMgrDelegate::HandleRelease(const QPoint& pos, QAbstractItemModel* pModel,
+                                         const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    const QModelIndex rowIndex = index.siblingAtColumn(CLmProjetMgrItem::ColumnProject);
+    switch (index.column()) {
+    case CLmProjetMgrItem::ColumnProject: {
+        if (!CheckBoxRect(option.rect).contains(pos))
+            return false;
+        const bool bChecked = rowIndex.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+        pModel->setData(rowIndex, bChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+        emit signalChecked(rowIndex);
+        return true;
+    }
+    case CLmProjetMgrItem::ColumnFlightLog: {
+        const SFlightLogLayout layout = FlightLogLayout(RowOption(option, index), index);
+        if (layout.nState != FlightLogMissing || !layout.rects.rectWord.contains(pos))
+            return false;
+        emit signalClickedDownload(rowIndex);
+        return true;
+    }
+    case CLmProjetMgrItem::ColumnCreateTime: {
+        const QVector<EButton> buttons = RowButtons(index);
+        const int iButton = ButtonAt(option.rect, buttons.size(), pos);
+        if (iButton < 0)
+            return false;
+        emit(this->*ButtonLooks[buttons.at(iButton)].clicked)(rowIndex);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+void CLmProjetMgrDelegate::RepaintRow(const QRect& cell) const
+{
+    m_pView->viewport()->update(QRect(0, cell.top(), m_pView->viewport()->width(), cell.height()));
+}

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QHash>
+#include <QPoint>
+#include <QStyledItemDelegate>
+
+#include "LmProjRowLayout.h"
+
+class QAbstractItemView;
+class QMouseEvent;
+
+// Draws the project manager's rows and makes their painted parts clickable:
+// the check box of the project column, the flight-log state word and the row
+// buttons, which sit right-aligned in the create-time column after the time.
+// Signals carry the index of the row's first column, where its data lives.
+class CLmProjetMgrDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    // Flight-log state as slotUpdateStateTxt receives it.
+    enum EFlightLogState {
+        FlightLogNone = 0,      // no missions: the text is drawn alone
+        FlightLogComplete = 1,  // every flight is on this computer: "Complete"
+        FlightLogMissing = 2,   // some flights are not: "Click download"
+    };
+
+    // Serves pView's rows and is owned by pView. Turns on the view's mouse
+    // tracking and hover so that tool tips and hover images follow the mouse.
+    explicit CLmProjetMgrDelegate(QAbstractItemView* pView);
+
+    void paint(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool editorEvent(QEvent* pEvent, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) override;
+
+Q_SIGNALS:
+    void signalShareBtnClicked(const QModelIndex& index);
+    void signalDeleteBtnClicked(const QModelIndex& index);
+    void signalDetailsBtnClicked(const QModelIndex& index);
+    void signalDownloadBtnClicked(const QModelIndex& index);
+    void signalOpenBtnClicked(const QModelIndex& index);
+    void signalClickedDownload(const QModelIndex& index);
+    // The row's check box was toggled by a click.
+    void signalChecked(const QModelIndex& index);
+
+public Q_SLOTS:
+    // Forgets every reported state; rows draw the in-step buttons and their
+    // flight-log text alone until reported again.
+    void slotResetBtn();
+    void slotUpdateStateTxt(QString strTxt, int nState, QString strKey);
+    void slotUpdateStateBtn(int nState, QString strKey);
+    void slotAllChecked(Qt::CheckState state);
+
+private:
+    struct SFlightLog
+    {
+        QString strTxt;
+        int nState = FlightLogNone;
+    };
+    struct SFlightLogLayout
+    {
+        QString strCount;
+        QString strWord;
+        int nState = FlightLogNone;
+        LmProjRowLayout::SFlightLogRects rects;
+    };
+
+    QStyleOptionViewItem RowOption(const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    QVector<LmProjRowLayout::EButton> RowButtons(const QModelIndex& index) const;
+    SFlightLogLayout FlightLogLayout(const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
+
+    void PaintProjectCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const;
+    void PaintFlightLogCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
+                            const QModelIndex& index) const;
+    void PaintTimeCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
+
+    void ShowButtonToolTip(const QMouseEvent* pEvent, const QStyleOptionViewItem& option, const QModelIndex& index);
+    bool HandleRelease(const QPoint& pos, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
+                       const QModelIndex& index);
+    void RepaintRow(const QRect& cell) const;
+
+    QAbstractItemView* m_pView;
+    // Viewport position of the last mouse move, for the hover images.
+    QPoint m_ptMouse;
+    // Synchronisation state and flight log by project id.
+    QHash<QString, int> m_mapStateBtn;
+    QHash<QString, SFlightLog> m_mapStateTxt;
+};

@@ -1,0 +1,43 @@
+#include "LmProjRowPainting.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPainter>
+#include <QStyle>
+
+namespace LmProjRowPainting {
+
+QFont RowFont(const QFont& base)
+{
+    static const bool bHasYaHei = QFontDatabase().families().contains(QStringLiteral("Microsoft YaHei"));
+    QFont font(base);
+    if (bHasYaHei)
+        font.setFamily(QStringLiteral("Microsoft YaHei"));
+    return font;
+}
+
+void DrawItemBackground(QPainter* pPainter, const QStyleOptionViewItem& option)
+{
+    QStyleOptionViewItem background(option);
+    background.text.clear();
+    background.icon = QIcon();
+    background.features &= ~(QStyleOptionViewItem::HasDisplay | QStyleOptionViewItem::HasDecoration
+                             | QStyleOptionViewItem::HasCheckIndicator);
+    const QStyle* pStyle = option.widget ? option.widget->style() : QApplication::style();
+    pStyle->drawControl(QStyle::CE_ItemViewItem, &background, pPainter, option.widget);
+}
+
+QColor TextColor(const QStyleOptionViewItem& option)
+{
+    const QPalette::ColorGroup group = option.state & QStyle::State_Enabled ? QPalette::Normal : QPalette::Disabled;
+    const QPalette::ColorRole role = option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text;
+    return option.palette.color(group, role);
+}
+
+void DrawItemText(QPainter* pPainter, const QRect& rect, const QString& strTxt, Qt::Alignment alignment)
+{
+    const QString strShown = QFontMetrics(pPainter->font()).elidedText(strTxt, Qt::ElideRight, rect.width());
+    pPainter->drawText(rect, static_cast<int>(alignment | Qt::TextSingleLine), strShown);
+}
+
+}  // namespace LmProjRowPainting
