@@ -72,6 +72,20 @@ void CLmSessionStore::Clear()
     SetSessionValue(UserInfoPassword, QString());
 }
 
+QStringList CLmSessionStore::SharedAccounts() const
+{
+    return SessionValue(UserInfoSharedAccounts).split(QLatin1Char(','), Qt::SkipEmptyParts);
+}
+
+void CLmSessionStore::RememberSharedAccount(const QString& account)
+{
+    QStringList accounts = SharedAccounts();
+    if (accounts.contains(account))
+        return;
+    accounts.append(account);
+    SetSessionValue(UserInfoSharedAccounts, accounts.join(QLatin1Char(',')));
+}
+
 bool CLmSessionStore::IsMaintenanceDone() const
 {
     return ApplicationSettings().value(MaintenanceKey(), false).toBool();

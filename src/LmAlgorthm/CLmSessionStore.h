@@ -4,6 +4,7 @@
 
 #include <QSettings>
 #include <QString>
+#include <QStringList>
 
 // Where the user-scope settings live: organisation and application.
 inline constexpr char OrganizationName[] = "Tolva";
@@ -19,6 +20,8 @@ inline constexpr char UserInfoUserType[] = "User_Type";
 inline constexpr char UserInfoPassword[] = "PWD";
 inline constexpr char UserInfoPermissions[] = "permissions";
 inline constexpr char UserInfoAutoLogin[] = "AutoLogin";
+// Accounts the user has shared projects with, joined by ",".
+inline constexpr char UserInfoSharedAccounts[] = "SharedAccounts";
 
 // The application's own group and its one-time maintenance flag, in the
 // settings of the organisation CloundApplicationName.
@@ -45,6 +48,11 @@ public:
     // empty, automatic sign-in off. The account, user type and permissions
     // are kept so the next sign-in can start from them.
     void Clear();
+
+    // The accounts shared with before, in the order first shared with.
+    QStringList SharedAccounts() const;
+    // Adds account to SharedAccounts unless it is there already.
+    void RememberSharedAccount(const QString& account);
 
     bool IsMaintenanceDone() const;
     void SetMaintenanceDone();

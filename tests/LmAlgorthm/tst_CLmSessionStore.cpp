@@ -10,6 +10,8 @@ private Q_SLOTS:
     void keepsASignInAcrossStores();
     void clearForgetsTheSessionButNotTheAccount();
     void maintenanceIsDoneOnce();
+    void remembersEachSharedAccountOnce_data();
+    void remembersEachSharedAccountOnce();
 };
 
 namespace {
@@ -77,6 +79,45 @@ void tst_CLmSessionStore::maintenanceIsDoneOnce()
     QVERIFY(CLmSessionStore().IsMaintenanceDone());
     CLmSessionStore().Clear();
     QVERIFY2(CLmSessionStore().IsMaintenanceDone(), "signing out must not repeat the maintenance");
+}
+
+void tst_CLmSessionStore::remembersEachSharedAccountOnce_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("account");
+    QTest::addColumn<QStringList>("remembered");
+    QTest::addColumn<QString>("storedAfter");
+    QTest::newRow("first account") << QString() << QStringLiteral("13800000002")
+                                   << QStringList{QStringLiteral("13800000002")} << QStringLiteral("13800000002");
+    QTest::newRow("new account appended")
+        << QStringLiteral("13800000002") << QStringLiteral("13800000003")
+        << QStringList{QStringLiteral("13800000002"), QStringLiteral("13800000003")}
+        << QStringLiteral("13800000002,13800000003");
+    QTest::newRow("known account kept once")
+        << QStringLiteral("13800000002,13800000003") << QStringLiteral("13800000002")
+        << QStringList{QStringLiteral("13800000002"), QStringLiteral("13800000003")}
+        << QStringLiteral("13800000002,13800000003");
+    QTest::newRow("empty parts dropped")
+        << QStringLiteral(",13800000002,,") << QStringLiteral("13800000003")
+        << QStringList{QStringLiteral("13800000002"), QStringLiteral("13800000003")}
+        << QStringLiteral("13800000002,13800000003");
+}
+
+void tst_CLmSessionStore::remembersEachSharedAccountOnce()
+{
+    QFETCH(QString, stored);
+    QFETCH(QString, account);
+    QFETCH(QStringList, remembered);
+    QFETCH(QString, storedAfter);
+    if (!stored.isEmpty()) {
+        QSettings(QLatin1String(OrganizationName), QLatin1String(CloundApplicationName))
+            .setValue(QStringLiteral("UserInfo/SharedAccounts"), stored);
+    }
+
+    CLmSessionStore().RememberSharedAccount(account);
+
+    QCOMPARE(CLmSessionStore().SharedAccounts(), remembered);
+    QCOMPARE(Stored(UserInfoSharedAccounts).toString(), storedAfter);
 }
 
 QTEST_GUILESS_MAIN(tst_CLmSessionStore)
