@@ -51,6 +51,7 @@ void FlightEndpoints::Register(httplib::Server& server)
                 });
     Route(server, "/flight/listbytask", this, &FlightEndpoints::ListByTask);
     Route(server, "/flight/getflog", this, &FlightEndpoints::GetFlightLog);
+    Route(server, "/flight/downloadPos", this, &FlightEndpoints::DownloadPositions);
 }
 
 void FlightEndpoints::UploadPosted(const httplib::Request& req, httplib::Response& res,
@@ -82,8 +83,8 @@ void FlightEndpoints::StoreUpload(const httplib::Request& req, httplib::Response
     }
     upload.missionId = *missionId;
     upload.rows = *rows;
-    if (const std::optional<QJsonObject> stored = m_flights.Upload(account->id, upload))
-        Envelope::Ok(res, *stored);
+    if (const std::optional<QList<QJsonObject>> stored = m_flights.Upload(account->id, {upload}))
+        Envelope::Ok(res, stored->first());
     else
         Envelope::Fail(res, 500, QStringLiteral("Cannot store the flight data"));
 }
@@ -98,17 +99,28 @@ void FlightEndpoints::ListByTask(const httplib::Request& req, httplib::Response&
 
 void FlightEndpoints::GetFlightLog(const httplib::Request& req, httplib::Response& res)
 {
+    ServeMissionRows(req, res, &FlightStore::FlightLog);
+}
+
+void FlightEndpoints::DownloadPositions(const httplib::Request& req, httplib::Response& res)
+{
+    ServeMissionRows(req, res, &FlightStore::Positions);
+}
+
+void FlightEndpoints::ServeMissionRows(const httplib::Request& req, httplib::Response& res, RowReader read)
+{
     const std::optional<Account> account = m_guard.RequireAccount(req, res);
     const FormFields fields(req);
-    if (!account || !fields.RequireAll({"project_id", "flight_mission_id"}, res))
+    if (!account || !fields.RequireAll({"flight_mission_id"}, res))
         return;
     const std::optional<qint64> missionId = MissionIdOf(fields);
     if (!missionId) {
         Envelope::Fail(res, 400, QStringLiteral("Invalid flight_mission_id"));
         return;
     }
-    if (const std::optional<QJsonArray> log = m_flights.FlightLog(account->id, fields.Value("project_id"), *missionId))
-        Envelope::Ok(res, *log);
+    const FlightStore::MissionRows rows = (m_flights.*read)(account->id, fields.Value("project_id"), *missionId);
+    if (rows.error.isEmpty())
+        Envelope::Ok(res, rows.rows);
     else
-        Envelope::Fail(res, 404, QStringLiteral("Unknown flight mission"));
+        Envelope::Fail(res, rows.httpStatus, rows.error);
 }

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "EndpointGroup.h"
+#include "FlightStore.h"
 #include "TokenGuard.h"
 
 class CloudStore;
-class FlightStore;
 class FormFields;
 
 // "/flight/...": flight data of the account's missions: upload, the missions
-// of a flight task and the flight log of a mission.
+// of a flight task, and the flight log and positions of a mission.
 class FlightEndpoints : public EndpointGroup
 {
 public:
@@ -24,6 +24,12 @@ private:
     void StoreUpload(const httplib::Request& req, httplib::Response& res, const FormFields& fields);
     void ListByTask(const httplib::Request& req, httplib::Response& res);
     void GetFlightLog(const httplib::Request& req, httplib::Response& res);
+    void DownloadPositions(const httplib::Request& req, httplib::Response& res);
+
+    using RowReader = FlightStore::MissionRows (FlightStore::*)(qint64, const QString&, qint64);
+    // Answers with the rows that read() finds for the flight_mission_id and
+    // optional project_id fields.
+    void ServeMissionRows(const httplib::Request& req, httplib::Response& res, RowReader read);
 
     FlightStore& m_flights;
     TokenGuard m_guard;

@@ -1,7 +1,6 @@
 #include "ProjectStore.h"
 
 #include "CLmDataBase.h"
-#include "CLmProjectGenerator.h"
 #include "LmProjectConstants.h"
 
 #include <QCryptographicHash>
@@ -9,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 namespace {
@@ -35,8 +33,7 @@ bool ProjectStore::Open(QString* error)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     QDir().mkpath(m_dataDir + QStringLiteral("/projects"));
-    // Only a new store gets the demo projects: one emptied by its user stays empty.
-    const bool isNew = !QFile::exists(IndexPath());
+    m_isNew = !QFile::exists(IndexPath());
     CLmDataBase index(IndexPath());
     if (!index.Open()
         || !index.Exec(QStringLiteral("CREATE TABLE IF NOT EXISTS projects ("
@@ -46,10 +43,12 @@ bool ProjectStore::Open(QString* error)
         *error = QStringLiteral("cannot open the project index: ") + index.LastError();
         return false;
     }
-    index.Close();
-    if (isNew)
-        SeedDemoProjects();
     return true;
+}
+
+bool ProjectStore::IsNew() const
+{
+    return m_isNew;
 }
 
 QJsonArray ProjectStore::List(qint64 accountId)
@@ -224,39 +223,4 @@ bool ProjectStore::StampFile(const QString& filePath, const QString& projectId, 
            && db.Exec(QStringLiteral("UPDATE %1 SET version = ?, updated_at = ? WHERE id = ?")
                           .arg(QLatin1String(ProjectTableName)),
                       {version, updatedAt, projectId});
-}
-
-void ProjectStore::SeedDemoProjects()
-{
-    struct Demo
-    {
-        qint64 account;
-        const char* name;
-        double lat;
-        double lng;
-        int missions;
-    };
-    static const Demo demos[] = {{1, "Riverside Farm", 30.66, 104.06, 8},
-                                 {1, "Quarry North", 39.90, 116.40, 12},
-                                 {1, "Harbour Survey", 22.54, 114.06, 5},
-                                 {2, "Vineyard East", 46.20, 6.14, 6},
-                                 {2, "Solar Park", 48.14, 11.58, 10}};
-    QTemporaryDir work;
-    const QDateTime base = QDateTime::currentDateTimeUtc().addDays(-10);
-    int i = 0;
-    for (const Demo& demo : demos) {
-        CLmProjectGenerator::SOptions options;
-        options.strProjID = CLmProjectGenerator::NewProjectID();
-        options.strProjName = QString::fromUtf8(demo.name);
-        options.strUserID = QString::number(demo.account);
-        options.updatedAt = base.addDays(i++);
-        options.iMissions = demo.missions;
-        options.iFlownMissions = demo.missions / 2;
-        options.dHomeLat = demo.lat;
-        options.dHomeLng = demo.lng;
-        const QString path = work.filePath(options.strProjName + QLatin1String(ProjectSuffix));
-        QDir().mkpath(AccountFolder(demo.account));
-        if (CLmProjectGenerator::WriteProjectDatabase(path, options))
-            StoreLocked(demo.account, path);
-    }
 }

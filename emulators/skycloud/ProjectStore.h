@@ -43,8 +43,10 @@ public:
 
     explicit ProjectStore(const QString& dataDir);
 
-    // Creates the index and, in a new store, the demo projects.
     bool Open(QString* error);
+    // Open() created the index: the store has never held a project. Only such
+    // a store gets the demo projects, so one emptied by its user stays empty.
+    bool IsNew() const;
 
     QJsonArray List(qint64 accountId);
     // Stores an uploaded project file: the project row inside names the id;
@@ -70,10 +72,10 @@ private:
     static std::optional<ProjectRow> ReadProjectRow(const QString& filePath);
     static int CountTasks(const QString& filePath);
     static bool StampFile(const QString& filePath, const QString& projectId, qint64 version, const QString& updatedAt);
-    void SeedDemoProjects();
     static Selection SelectOwnedLocked(CLmDataBase& index, qint64 accountId, const QStringList& projectIds);
     UploadResult StoreLocked(qint64 accountId, const QString& tempPath);
 
     QString m_dataDir;
+    bool m_isNew = false;
     std::mutex m_mutex;
 };

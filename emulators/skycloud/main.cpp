@@ -1,6 +1,7 @@
 #include "CloudLog.h"
 #include "CloudServer.h"
 #include "CloudStore.h"
+#include "DemoSeeder.h"
 #include "FlightEndpoints.h"
 #include "FlightStore.h"
 #include "ProjectEndpoints.h"
@@ -101,6 +102,8 @@ int main(int argc, char* argv[])
     FlightStore flights(parser.value(dataOption));
     if (!flights.Open(&error))
         return Fail(error);
+    if (projects.IsNew())
+        DemoSeeder(projects, flights).Seed();
 
     PushChannel channel(store);
     CloudServer server(store, channel, shelf, parser.isSet(exposeCodesOption));
