@@ -82,6 +82,11 @@ void CLmMessageBox::SetText(const QString& text)
     m_pLabelText->setText(text);
 }
 
+void CLmMessageBox::SetOkText(const QString& text)
+{
+    m_pBtnOk->setText(text);
+}
+
 QString CLmMessageBox::Text() const
 {
     return m_pLabelText->text();

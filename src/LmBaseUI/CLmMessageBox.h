@@ -20,6 +20,8 @@ public:
 
     void SetBtnHidden(bool bHideOk, bool bHideCancel, bool bHideClose);
     void SetText(const QString& text);
+    // Names the affirmative button after what it does ("Retry", say).
+    void SetOkText(const QString& text);
     QString Text() const;
 
 private:

@@ -162,10 +162,20 @@ int CLmProjMgrController::ProjectCount() const
     return m_hashRows.size();
 }
 
-QString CLmProjMgrController::LocalFolder(const QString& projId) const
+QString CLmProjMgrController::LocalFile(const QString& projId) const
 {
     const QFileInfo file(m_hashRows.value(projId).strPath);
-    return file.isFile() ? file.absolutePath() : QString();
+    return file.isFile() ? file.absoluteFilePath() : QString();
+}
+
+QStringList CLmProjMgrController::AllCities() const
+{
+    QSet<QString> cities;
+    for (const SRow& row : m_hashRows) {
+        for (const QString& city : row.listCities)
+            cities.insert(city);
+    }
+    return cities.values();
 }
 
 // ---- filter --------------------------------------------------------------------
@@ -279,11 +289,9 @@ void CLmProjMgrController::slotDeleteNetWorkError()
 void CLmProjMgrController::RemoveLocally(EDeleteKind kind, const QStringList& projIds)
 {
     QVector<SRemoval> removals;
-    for (const QString& id : projIds) {
-        const QFileInfo file(m_hashRows.value(id).strPath);
-        // A project only in the cloud has no folder here.
-        removals.append(SRemoval{id, file.isFile() ? file.absoluteFilePath() : QString(), false});
-    }
+    // A project only in the cloud has no folder here.
+    for (const QString& id : projIds)
+        removals.append(SRemoval{id, LocalFile(id), false});
     auto* watcher = new QFutureWatcher<QVector<SRemoval>>(this);
     connect(watcher, &QFutureWatcher<QVector<SRemoval>>::finished, this, [this, watcher, kind]() {
         ApplyRemovals(kind, watcher->result());

@@ -101,9 +101,11 @@ public:
     SRow Row(const QString& projId) const;
     QStringList CheckedIds() const;
     int ProjectCount() const;
-    // The folder of the project's file, empty when the file is not on this
-    // computer (a project only in the cloud).
-    QString LocalFolder(const QString& projId) const;
+    // The project's file, empty when it is not on this computer (a project
+    // only in the cloud).
+    QString LocalFile(const QString& projId) const;
+    // Every city of the listed projects, each once.
+    QStringList AllCities() const;
 
     // ---- filter
     void SetFilter(const CLmProjFilter& filter);
