@@ -65,9 +65,26 @@ bool CLmProjFilter::IsEmpty() const
     return m_strName.isEmpty() && m_bAnyCity && !m_dateFrom.isValid();
 }
 
+// Read by hand: rows are added by the thousand and QDate::fromString
+// would copy every text first.
 QDate CLmProjFilter::DayOf(const QString& updateTime)
 {
-    return QDate::fromString(updateTime.left(DayTextLength), Qt::ISODate);
+    if (updateTime.size() < DayTextLength || updateTime.at(4) != QLatin1Char('-') || updateTime.at(7) != QLatin1Char('-'))
+        return QDate();
+    const auto number = [&updateTime](int from, int length) {
+        int value = 0;
+        for (int i = from; i < from + length; ++i) {
+            const int digit = updateTime.at(i).digitValue();
+            if (digit < 0)
+                return -1;
+            value = value * 10 + digit;
+        }
+        return value;
+    };
+    const int year = number(0, 4);
+    const int month = number(5, 2);
+    const int day = number(8, 2);
+    return year < 0 || month < 0 || day < 0 ? QDate() : QDate(year, month, day);
 }
 
 bool CLmProjFilter::Accepts(const QString& name, const QStringList& cities, const QDate& updateDay) const

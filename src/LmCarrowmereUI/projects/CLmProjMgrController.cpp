@@ -63,13 +63,11 @@ CLmProjMgrController::SFlightLog CLmProjMgrController::FlightLog(int missionCoun
 
 void CLmProjMgrController::AddProject(const SProjInfor& info)
 {
-    auto found = m_hashRows.find(info.strProjID);
-    const bool isNew = found == m_hashRows.end();
-    if (isNew) {
-        found = m_hashRows.insert(info.strProjID, SRow());
-        found->strProjID = info.strProjID;
-    }
-    StoreRow(*found, info);
+    const int known = m_hashRows.size();
+    SRow& row = m_hashRows[info.strProjID];
+    const bool isNew = m_hashRows.size() != known;
+    row.strProjID = info.strProjID;
+    StoreRow(row, info);
     if (isNew)
         Q_EMIT RowAdded(info.strProjID);
     else
@@ -146,6 +144,12 @@ CLmProjMgrController::SRow CLmProjMgrController::Row(const QString& projId) cons
     return m_hashRows.value(projId);
 }
 
+const CLmProjMgrController::SRow* CLmProjMgrController::FindRow(const QString& projId) const
+{
+    const auto found = m_hashRows.constFind(projId);
+    return found == m_hashRows.constEnd() ? nullptr : &found.value();
+}
+
 QStringList CLmProjMgrController::CheckedIds() const
 {
     QStringList ids;
@@ -155,6 +159,12 @@ QStringList CLmProjMgrController::CheckedIds() const
     }
     ids.sort();
     return ids;
+}
+
+int CLmProjMgrController::CheckedCount() const
+{
+    return static_cast<int>(std::count_if(m_hashRows.cbegin(), m_hashRows.cend(),
+                                          [](const SRow& row) { return row.bChecked; }));
 }
 
 int CLmProjMgrController::ProjectCount() const
@@ -192,8 +202,13 @@ const CLmProjFilter& CLmProjMgrController::Filter() const
 
 bool CLmProjMgrController::IsVisible(const QString& projId) const
 {
-    const auto found = m_hashRows.constFind(projId);
-    return found != m_hashRows.constEnd() && m_filter.Accepts(found->strName, found->listCities, found->updateDay);
+    const SRow* row = FindRow(projId);
+    return row && IsVisible(*row);
+}
+
+bool CLmProjMgrController::IsVisible(const SRow& row) const
+{
+    return m_filter.Accepts(row.strName, row.listCities, row.updateDay);
 }
 
 // ---- actions -------------------------------------------------------------------

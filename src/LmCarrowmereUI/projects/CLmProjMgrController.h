@@ -99,7 +99,10 @@ public:
 
     bool HasRow(const QString& projId) const;
     SRow Row(const QString& projId) const;
+    // The row itself, null for an unknown id; valid until rows change.
+    const SRow* FindRow(const QString& projId) const;
     QStringList CheckedIds() const;
+    int CheckedCount() const;
     int ProjectCount() const;
     // The project's file, empty when it is not on this computer (a project
     // only in the cloud).
@@ -111,6 +114,7 @@ public:
     void SetFilter(const CLmProjFilter& filter);
     const CLmProjFilter& Filter() const;
     bool IsVisible(const QString& projId) const;
+    bool IsVisible(const SRow& row) const;
 
     // ---- actions
     EActionStart CheckActionStart(const QStringList& projIds) const;

@@ -61,6 +61,7 @@ CLmProjMgrWgt::~CLmProjMgrWgt()
 {
     m_threadSynch.quit();
     m_threadSynch.wait();
+    DeleteAllItems();
 }
 
 // ---- building --------------------------------------------------------------------
@@ -172,8 +173,7 @@ void CLmProjMgrWgt::Reset()
 {
     m_flushTimer.stop();
     m_listPendingRows.clear();
-    m_hashItems.clear();
-    m_pUi->m_pTreeProject->clear();
+    DeleteAllItems();
     m_controller.Clear();
     m_pTransferTrees->Clear();
     Q_EMIT signalResetBtn();
@@ -195,12 +195,12 @@ void CLmProjMgrWgt::showEvent(QShowEvent* event)
 
 // ---- engine reports --------------------------------------------------------------
 
-void CLmProjMgrWgt::slotAddProjItem2Tree(SProjInfor info)
+void CLmProjMgrWgt::slotAddProjItem2Tree(const SProjInfor& info)
 {
     m_controller.AddProject(info);
 }
 
-void CLmProjMgrWgt::slotAddProjItem2Tree2(SProjInfor info)
+void CLmProjMgrWgt::slotAddProjItem2Tree2(const SProjInfor& info)
 {
     m_controller.AddProject(info);
 }
@@ -210,37 +210,37 @@ void CLmProjMgrWgt::slotLocalBlockCity(QString strProjID, QVariant cityNames)
     m_controller.SetCities(strProjID, CityNames(cityNames));
 }
 
-void CLmProjMgrWgt::slotUpdateProjItem(SProjInfor info)
+void CLmProjMgrWgt::slotUpdateProjItem(const SProjInfor& info)
 {
     m_controller.UpdateProject(info);
 }
 
-void CLmProjMgrWgt::slotAddUploadItem2Tree(SProjInfor info)
+void CLmProjMgrWgt::slotAddUploadItem2Tree(const SProjInfor& info)
 {
     m_controller.AddUpload(info);
 }
 
-void CLmProjMgrWgt::slotAddDownloadItem2Tree(SProjInfor info)
+void CLmProjMgrWgt::slotAddDownloadItem2Tree(const SProjInfor& info)
 {
     m_controller.AddDownload(info);
 }
 
-void CLmProjMgrWgt::slotDownLoadProjectFinished(SProjInfor info)
+void CLmProjMgrWgt::slotDownLoadProjectFinished(const SProjInfor& info)
 {
     m_controller.FinishDownload(info);
 }
 
-void CLmProjMgrWgt::slotDownLoadProjectState(SProjInfor info)
+void CLmProjMgrWgt::slotDownLoadProjectState(const SProjInfor& info)
 {
     m_controller.UpdateDownload(info);
 }
 
-void CLmProjMgrWgt::slotUploadProjectFinished(SProjInfor info)
+void CLmProjMgrWgt::slotUploadProjectFinished(const SProjInfor& info)
 {
     m_controller.FinishUpload(info);
 }
 
-void CLmProjMgrWgt::slotUploadProjectState(SProjInfor info)
+void CLmProjMgrWgt::slotUploadProjectState(const SProjInfor& info)
 {
     m_controller.UpdateUpload(info);
 }
@@ -250,6 +250,8 @@ void CLmProjMgrWgt::slotSynchProMsg(ESynchProMsgType type, QString strMsg)
     m_bReading = type != SynchProMsgListFinished && type != SynchProMsgListError;
     if (type == SynchProMsgStart || type == SynchProMsgListStart)
         m_controller.ForgetWaitingTransfers();
+    if (!m_bReading)
+        slotFlushPendingRows();
     if (type == SynchProMsgListFinished) {
         if (m_pProgress)
             m_pProgress->close();
@@ -311,25 +313,33 @@ void CLmProjMgrWgt::slotRowAdded(QString strProjID)
 }
 
 // Rows reported one by one across the thread are added in one go: a tree
-// that sorts and lays out once per batch fills many times faster.
+// that lays out once per batch, and sorts once per read, fills many times
+// faster. Rows the filter hides stay out of the tree.
 void CLmProjMgrWgt::slotFlushPendingRows()
 {
     QTreeWidget* tree = m_pUi->m_pTreeProject;
-    QList<QTreeWidgetItem*> items;
-    items.reserve(m_listPendingRows.size());
+    tree->setUpdatesEnabled(false);
+    QList<QTreeWidgetItem*> shown;
+    shown.reserve(m_listPendingRows.size());
+    m_hashItems.reserve(m_hashItems.size() + m_listPendingRows.size());
     for (const QString& id : qAsConst(m_listPendingRows)) {
-        if (!m_hashItems.contains(id) && m_controller.HasRow(id)) {
-            CLmProjetMgrItem* item = NewItem(m_controller.Row(id));
-            m_hashItems.insert(id, item);
-            items.append(item);
-        }
+        const CLmProjMgrController::SRow* row = m_controller.FindRow(id);
+        CLmProjetMgrItem*& item = m_hashItems[id];
+        if (item || !row)
+            continue;
+        item = NewItem(*row);
+        if (m_controller.IsVisible(*row))
+            shown.append(item);
     }
     m_listPendingRows.clear();
-    tree->setSortingEnabled(false);
-    tree->addTopLevelItems(items);
-    for (QTreeWidgetItem* item : qAsConst(items))
-        item->setHidden(!m_controller.IsVisible(static_cast<CLmProjetMgrItem*>(item)->ProjectId()));
-    tree->setSortingEnabled(true);
+    if (!shown.isEmpty()) {
+        tree->setSortingEnabled(false);
+        tree->addTopLevelItems(shown);
+    }
+    // While the engine reads, more rows follow: the read's end sorts them all.
+    if (tree->isSortingEnabled() == m_bReading)
+        tree->setSortingEnabled(!m_bReading);
+    tree->setUpdatesEnabled(true);
     UpdateProjectCount();
     UpdateHeaderCheckState();
 }
@@ -349,7 +359,8 @@ void CLmProjMgrWgt::ShowRow(CLmProjetMgrItem* item, const CLmProjMgrController::
     item->setText(CLmProjetMgrItem::ColumnCreateTime, row.strUpdateTime);
     item->SetFlightLogText(log.strText);
     item->SetProjectPath(row.strPath);
-    item->SetCityList(row.listCities);
+    if (!row.listCities.isEmpty() || !item->CityList().isEmpty())
+        item->SetCityList(row.listCities);
     Q_EMIT signalUpdateStateTxt(log.strText, log.eState, row.strProjID);
     Q_EMIT signalUpdateStateBtn(row.iSynchState, row.strProjID);
 }
@@ -360,7 +371,9 @@ void CLmProjMgrWgt::slotRowChanged(QString strProjID)
     if (!item)
         return;  // still waiting for its batch, which reads the latest
     ShowRow(item, m_controller.Row(strProjID));
-    item->setHidden(!m_controller.IsVisible(strProjID));
+    const bool shown = item->treeWidget();
+    if (m_controller.IsVisible(strProjID) != shown)
+        ApplyFilter();
 }
 
 void CLmProjMgrWgt::slotRowsRemoved(QStringList listProjIDs)
@@ -384,13 +397,36 @@ void CLmProjMgrWgt::RefreshList()
     m_controller.RefreshStorageSize();
 }
 
+// Rows the filter hides are taken out of the tree rather than hidden in
+// it: a tree hides a row by keeping a persistent index for it, which makes
+// narrowing a long list slow.
 void CLmProjMgrWgt::ApplyFilter()
 {
+    QList<QTreeWidgetItem*> shown;
+    bool unchanged = true;
+    for (auto it = m_hashItems.cbegin(); it != m_hashItems.cend(); ++it) {
+        if (m_controller.IsVisible(it.key())) {
+            shown.append(it.value());
+            unchanged = unchanged && it.value()->treeWidget();
+        }
+    }
     QTreeWidget* tree = m_pUi->m_pTreeProject;
+    if (unchanged && shown.size() == tree->topLevelItemCount())
+        return;
     tree->setUpdatesEnabled(false);
-    for (auto it = m_hashItems.cbegin(); it != m_hashItems.cend(); ++it)
-        it.value()->setHidden(!m_controller.IsVisible(it.key()));
+    const bool sorting = tree->isSortingEnabled();
+    tree->setSortingEnabled(false);
+    tree->invisibleRootItem()->takeChildren();
+    tree->addTopLevelItems(shown);
+    tree->setSortingEnabled(sorting);
     tree->setUpdatesEnabled(true);
+}
+
+void CLmProjMgrWgt::DeleteAllItems()
+{
+    m_pUi->m_pTreeProject->invisibleRootItem()->takeChildren();
+    qDeleteAll(m_hashItems);
+    m_hashItems.clear();
 }
 
 void CLmProjMgrWgt::UpdateProjectCount()
@@ -419,7 +455,7 @@ void CLmProjMgrWgt::slotProjItemChecked(const QModelIndex& index)
 
 void CLmProjMgrWgt::UpdateHeaderCheckState()
 {
-    const int checked = m_controller.CheckedIds().size();
+    const int checked = m_controller.CheckedCount();
     const int rows = m_controller.ProjectCount();
     Qt::CheckState state = Qt::PartiallyChecked;
     if (checked == 0)

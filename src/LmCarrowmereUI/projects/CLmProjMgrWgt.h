@@ -61,17 +61,17 @@ Q_SIGNALS:
 
 public Q_SLOTS:
     // From the synchronisation engine.
-    void slotAddProjItem2Tree(SProjInfor info);
-    void slotAddProjItem2Tree2(SProjInfor info);
+    void slotAddProjItem2Tree(const SProjInfor& info);
+    void slotAddProjItem2Tree2(const SProjInfor& info);
     void slotLocalBlockCity(QString strProjID, QVariant cityNames);
-    void slotUpdateProjItem(SProjInfor info);
-    void slotAddUploadItem2Tree(SProjInfor info);
-    void slotAddDownloadItem2Tree(SProjInfor info);
+    void slotUpdateProjItem(const SProjInfor& info);
+    void slotAddUploadItem2Tree(const SProjInfor& info);
+    void slotAddDownloadItem2Tree(const SProjInfor& info);
     void slotSynchProMsg(ESynchProMsgType type, QString strMsg);
-    void slotDownLoadProjectFinished(SProjInfor info);
-    void slotDownLoadProjectState(SProjInfor info);
-    void slotUploadProjectFinished(SProjInfor info);
-    void slotUploadProjectState(SProjInfor info);
+    void slotDownLoadProjectFinished(const SProjInfor& info);
+    void slotDownLoadProjectState(const SProjInfor& info);
+    void slotUploadProjectFinished(const SProjInfor& info);
+    void slotUploadProjectState(const SProjInfor& info);
 
     // From the rows and the header.
     void slotShareBtnClicked(const QModelIndex& index);
@@ -120,6 +120,8 @@ private:
     QString IdOf(const QModelIndex& index) const;
     void RefreshList();
     void ApplyFilter();
+    // Items out of the tree (hidden by the filter) are the page's to delete.
+    void DeleteAllItems();
     void UpdateHeaderCheckState();
     void UpdateProjectCount();
 
@@ -141,10 +143,12 @@ private:
     QPointer<CLmProgressWgt> m_pProgress;
     CLmCitySelectWidget* m_pCitySelect = nullptr;
 
+    // Every row's item, in the tree or kept out of it by the filter.
     QHash<QString, CLmProjetMgrItem*> m_hashItems;
     QStringList m_listPendingRows;
     QTimer m_flushTimer;
-    // A list read is under way: showing the page does not ask for another.
+    // A list read is under way: showing the page does not ask for another,
+    // and rows wait for its end to be sorted.
     bool m_bReading = true;
 
     QThread m_threadSynch;
