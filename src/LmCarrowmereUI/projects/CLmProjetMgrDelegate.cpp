@@ -47,13 +47,6 @@ QString ButtonImage(EButton button, bool bHovered)
            + (bHovered ? QStringLiteral("_hovpre.png") : QStringLiteral("_nor.png"));
 }
 
-QString CheckBoxImage(const QModelIndex& index)
-{
-    return index.data(Qt::CheckStateRole).toInt() == Qt::Checked
-               ? QStringLiteral(":/images/Normal/ProjMgr/Check_box_pre.png")
-               : QStringLiteral(":/images/Normal/ProjMgr/Check_box_nor.png");
-}
-
 QString RowId(const QModelIndex& index)
 {
     return index.siblingAtColumn(CLmProjetMgrItem::ColumnProject).data(LmProjMgrRole::ProjectId).toString();
@@ -176,7 +169,7 @@ CLmProjetMgrDelegate::SFlightLogLayout CLmProjetMgrDelegate::FlightLogLayout(con
 
 void CLmProjetMgrDelegate::PaintProjectCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const
 {
-    pPainter->drawPixmap(CheckBoxRect(rowOption.rect), QPixmap(CheckBoxImage(rowOption.index)));
+    DrawCheckBox(pPainter, rowOption.rect, rowOption.checkState == Qt::Checked);
     DrawItemText(pPainter, TextAfterCheckBox(rowOption.rect), rowOption.text, Qt::AlignLeft | Qt::AlignVCenter);
 }
 

@@ -5,7 +5,6 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPixmap>
 
 namespace {
 
@@ -91,9 +90,7 @@ void CLmProjetMgrHeaderView::PaintCheckSection(QPainter* pPainter, const QRect& 
     pPainter->restore();
 
     pPainter->save();
-    pPainter->drawPixmap(LmProjRowLayout::CheckBoxRect(rect),
-                         QPixmap(m_eState == Qt::Checked ? QStringLiteral(":/images/Normal/ProjMgr/Check_box_pre.png")
-                                                         : QStringLiteral(":/images/Normal/ProjMgr/Check_box_nor.png")));
+    LmProjRowPainting::DrawCheckBox(pPainter, rect, m_eState == Qt::Checked);
     pPainter->setFont(LmProjRowPainting::RowFont(font()));
     pPainter->setPen(option.palette.color(QPalette::ButtonText));
     LmProjRowPainting::DrawItemText(pPainter, LmProjRowLayout::TextAfterCheckBox(rect),

@@ -1,8 +1,11 @@
 #include "LmProjRowPainting.h"
 
+#include "LmProjRowLayout.h"
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPainter>
+#include <QPixmap>
 #include <QStyle>
 
 namespace LmProjRowPainting {
@@ -32,6 +35,13 @@ QColor TextColor(const QStyleOptionViewItem& option)
     const QPalette::ColorGroup group = option.state & QStyle::State_Enabled ? QPalette::Normal : QPalette::Disabled;
     const QPalette::ColorRole role = option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text;
     return option.palette.color(group, role);
+}
+
+void DrawCheckBox(QPainter* pPainter, const QRect& cell, bool bChecked)
+{
+    const QString strImage = bChecked ? QStringLiteral(":/images/Normal/ProjMgr/Check_box_pre.png")
+                                      : QStringLiteral(":/images/Normal/ProjMgr/Check_box_nor.png");
+    pPainter->drawPixmap(LmProjRowLayout::CheckBoxRect(cell), QPixmap(strImage));
 }
 
 void DrawItemText(QPainter* pPainter, const QRect& rect, const QString& strTxt, Qt::Alignment alignment)

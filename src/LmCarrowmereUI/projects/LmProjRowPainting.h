@@ -6,7 +6,8 @@
 class QPainter;
 
 // Painting shared by the project manager's delegates and header: the row
-// font, the item background without its content, and elided text.
+// font, the item background without its content, the check box and elided
+// text.
 namespace LmProjRowPainting {
 
 // base with the family "Microsoft YaHei" where it is installed; elsewhere
@@ -19,6 +20,9 @@ void DrawItemBackground(QPainter* pPainter, const QStyleOptionViewItem& option);
 
 // Text colour of the item: the highlighted text colour on a selected row.
 QColor TextColor(const QStyleOptionViewItem& option);
+
+// The check box image of a row or the header in the check box place of cell.
+void DrawCheckBox(QPainter* pPainter, const QRect& cell, bool bChecked);
 
 // strTxt in rect with the painter's pen and font, elided at the right when
 // it does not fit.

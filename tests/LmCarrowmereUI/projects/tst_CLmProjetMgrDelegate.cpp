@@ -17,14 +17,15 @@ namespace {
 
 constexpr int NoStateReported = -100;
 
-// The project tree as the project manager page builds it, with one row.
+// The project tree as the project manager page builds it.
 class CProjectTree
 {
 public:
     CProjectTree()
     {
         m_tree.setColumnCount(3);
-        m_tree.setHeaderLabels({QStringLiteral("Project"), QStringLiteral("Flight Log"), QStringLiteral("Create time")});
+        m_tree.setHeaderLabels(
+            {QStringLiteral("Project"), QStringLiteral("Flight Log"), QStringLiteral("Create time")});
         m_tree.setColumnWidth(CLmProjetMgrItem::ColumnProject, 440);
         m_tree.setColumnWidth(CLmProjetMgrItem::ColumnFlightLog, 200);
         m_tree.setColumnWidth(CLmProjetMgrItem::ColumnCreateTime, 300);
@@ -55,7 +56,10 @@ public:
     QRect Cell(int iRow, int iColumn) const { return m_tree.visualRect(Index(iRow, iColumn)); }
 
     // Centre of the k-th button from the right of a row.
-    QPoint ButtonCentre(int iRow, int k) const { return ButtonRect(Cell(iRow, CLmProjetMgrItem::ColumnCreateTime), k).center(); }
+    QPoint ButtonCentre(int iRow, int k) const
+    {
+        return ButtonRect(Cell(iRow, CLmProjetMgrItem::ColumnCreateTime), k).center();
+    }
 
     void Click(const QPoint& pos) { QTest::mouseClick(m_tree.viewport(), Qt::LeftButton, Qt::NoModifier, pos); }
 
@@ -127,7 +131,6 @@ class tst_CLmProjetMgrDelegate : public QObject
 private Q_SLOTS:
     void toolTipsNameTheButtonsOfTheState_data();
     void toolTipsNameTheButtonsOfTheState();
-    void toolTipEmptyOffTheButtons();
     void buttonEdges_data();
     void buttonEdges();
     void releaseEmitsTheButtonsSignal_data();
@@ -156,8 +159,9 @@ void tst_CLmProjetMgrDelegate::toolTipsNameTheButtonsOfTheState_data()
     QTest::newRow("unknown state") << 7 << inStep;
 }
 
-// Hovering each button slot from the left names the state's buttons in order,
-// and the slot left of the leftmost button holds none.
+// Hovering each button slot from the left names the state's buttons in order;
+// the gap left of the rightmost button and the slot left of the leftmost
+// button name none.
 void tst_CLmProjetMgrDelegate::toolTipsNameTheButtonsOfTheState()
 {
     QFETCH(int, state);
@@ -171,25 +175,10 @@ void tst_CLmProjetMgrDelegate::toolTipsNameTheButtonsOfTheState()
         tree.Move(tree.ButtonCentre(0, buttons.size() - 1 - i));
         QTRY_COMPARE(CProjectTree::ShownToolTip(), buttons.at(i));
     }
+    tree.Move(tree.ButtonCentre(0, 0) - QPoint(ButtonWidth / 2 + 2, 0));
+    QTRY_COMPARE(CProjectTree::ShownToolTip(), QString());
     tree.Move(tree.ButtonCentre(0, buttons.size()));
     QTRY_COMPARE(CProjectTree::ShownToolTip(), QString());
-}
-
-void tst_CLmProjetMgrDelegate::toolTipEmptyOffTheButtons()
-{
-    CProjectTree tree;
-    tree.AddRow(QStringLiteral("p1"), 0);
-    QVERIFY(tree.Show());
-
-    const QRect rightmost = ButtonRect(tree.Cell(0, CLmProjetMgrItem::ColumnCreateTime), 0);
-    const QPoint gap(rightmost.left() - 3, rightmost.center().y());
-    const QPoint name = tree.Cell(0, CLmProjetMgrItem::ColumnProject).center();
-    const QList<QPair<QPoint, QString>> moves{
-        {rightmost.center(), "Open"}, {gap, ""}, {tree.ButtonCentre(0, 1), "Details"}, {name, ""}};
-    for (const auto& [pos, strTip] : moves) {
-        tree.Move(pos);
-        QTRY_COMPARE(CProjectTree::ShownToolTip(), strTip);
-    }
 }
 
 void tst_CLmProjetMgrDelegate::buttonEdges_data()

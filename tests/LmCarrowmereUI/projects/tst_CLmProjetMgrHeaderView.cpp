@@ -15,7 +15,8 @@ public:
     {
         m_tree.setHeader(m_pHeader);
         m_tree.setColumnCount(3);
-        m_tree.setHeaderLabels({QStringLiteral("Project"), QStringLiteral("Flight Log"), QStringLiteral("Create time")});
+        m_tree.setHeaderLabels(
+            {QStringLiteral("Project"), QStringLiteral("Flight Log"), QStringLiteral("Create time")});
         m_tree.setColumnWidth(0, 440);
         m_tree.setColumnWidth(1, 200);
         m_tree.resize(1000, 300);
