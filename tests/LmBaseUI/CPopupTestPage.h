@@ -32,6 +32,15 @@ public:
 
     void ClickAway() { QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, rect().bottomRight() - QPoint(10, 10)); }
 
+    static QTestEventList Keys(const QString& typed, std::initializer_list<Qt::Key> keys)
+    {
+        QTestEventList events;
+        events.addKeyClicks(typed);
+        for (Qt::Key key : keys)
+            events.addKeyClick(key);
+        return events;
+    }
+
     // Each key goes where a person's would: to the widget with the focus.
     static void Press(const QTestEventList& keys)
     {

@@ -41,15 +41,6 @@ QStringList VisibleRows(const CLmCitySelectWidget& popup)
     return rows;
 }
 
-QTestEventList Keys(const QString& typed, std::initializer_list<Qt::Key> keys)
-{
-    QTestEventList events;
-    events.addKeyClicks(typed);
-    for (Qt::Key key : keys)
-        events.addKeyClick(key);
-    return events;
-}
-
 }  // namespace
 
 void tst_CLmCitySelectWidget::initTestCase()
@@ -66,8 +57,8 @@ void tst_CLmCitySelectWidget::citiesSortedWithoutDuplicatesAllFirst_data()
     QTest::newRow("no projects") << QStringList() << QStringList{all};
     QTest::newRow("lower case among capitals")
         << QStringList{"Zagreb", "berlin", "Aachen"} << QStringList{all, "Aachen", "berlin", "Zagreb"};
-    QTest::newRow("accented initials")
-        << QStringList{"Zürich", "Örebro", "Paris", "Oslo"} << QStringList{all, "Örebro", "Oslo", "Paris", "Zürich"};
+    QTest::newRow("accented initials") << QStringList{"Zürich", "Örebro", "Paris", "Oslo"}
+                                       << QStringList{all, "Örebro", "Oslo", "Paris", "Zürich"};
     QTest::newRow("one row per city, no blank rows")
         << QStringList{"Bonn", "", "Bonn", "  ", "Aachen", "Bonn"} << QStringList{all, "Aachen", "Bonn"};
 }
@@ -93,18 +84,19 @@ void tst_CLmCitySelectWidget::keyboardFiltersAndChooses_data()
     const Qt::Key down = Qt::Key_Down;
     const Qt::Key up = Qt::Key_Up;
     const Qt::Key enter = Qt::Key_Return;
-    QTest::newRow("Enter at once") << Keys({}, {enter}) << everything << all << true;
-    QTest::newRow("down twice") << Keys({}, {down, down, enter}) << everything << "Bonn" << true;
-    QTest::newRow("down and back up") << Keys({}, {down, down, down, up, up, enter}) << everything << "Berlin" << true;
+    const auto press = &CPopupTestPage::Keys;
+    QTest::newRow("Enter at once") << press({}, {enter}) << everything << all << true;
+    QTest::newRow("down twice") << press({}, {down, down, enter}) << everything << "Bonn" << true;
+    QTest::newRow("down and back up") << press({}, {down, down, down, up, up, enter}) << everything << "Berlin" << true;
     QTest::newRow("down past the last row")
-        << Keys({}, {down, down, down, down, down, down, enter}) << everything << "Hamburg" << true;
-    QTest::newRow("part of a name") << Keys("bre", {enter}) << QStringList{"Bremen"} << "Bremen" << true;
+        << press({}, {down, down, down, down, down, down, enter}) << everything << "Hamburg" << true;
+    QTest::newRow("part of a name") << press("bre", {enter}) << QStringList{"Bremen"} << "Bremen" << true;
     QTest::newRow("any case, anywhere in the name, without all")
-        << Keys("B", {down, enter}) << QStringList{"Berlin", "Bonn", "Bremen", "Hamburg"} << "Bonn" << true;
-    QTest::newRow("nothing found") << Keys("xyz", {down, enter}) << QStringList() << QString() << false;
-    QTest::newRow("Escape") << Keys({}, {Qt::Key_Escape}) << everything << QString() << true;
+        << press("B", {down, enter}) << QStringList{"Berlin", "Bonn", "Bremen", "Hamburg"} << "Bonn" << true;
+    QTest::newRow("nothing found") << press("xyz", {down, enter}) << QStringList() << QString() << false;
+    QTest::newRow("Escape") << press({}, {Qt::Key_Escape}) << everything << QString() << true;
     QTest::newRow("Escape while searching")
-        << Keys("urg", {Qt::Key_Escape}) << QStringList{"Hamburg"} << QString() << true;
+        << press("urg", {Qt::Key_Escape}) << QStringList{"Hamburg"} << QString() << true;
 }
 
 void tst_CLmCitySelectWidget::keyboardFiltersAndChooses()
@@ -150,7 +142,7 @@ void tst_CLmCitySelectWidget::mouseChoosesOrCloses()
     QVERIFY(page.Open(popup));
     QSignalSpy selected(&popup, &CLmCitySelectWidget::CitySelected);
     QSignalSpy closed(&popup, &CLmCitySelectWidget::WidgetClosed);
-    CPopupTestPage::Press(Keys(typed, {}));
+    CPopupTestPage::Press(CPopupTestPage::Keys(typed, {}));
 
     if (clickedRow.isEmpty()) {
         page.ClickAway();
