@@ -41,8 +41,8 @@ const QUuid kDemoIdNamespace(QStringLiteral("{5b0f3c2e-8a41-4d7e-9c6b-2f1e0d3a7b
 
 QString DemoProjectId(const DemoProject& demo)
 {
-    return QUuid::createUuidV5(kDemoIdNamespace, QStringLiteral("%1/%2").arg(demo.account).arg(QLatin1String(demo.name)))
-        .toString(QUuid::WithoutBraces);
+    const QString name = QStringLiteral("%1/%2").arg(demo.account).arg(QLatin1String(demo.name));
+    return QUuid::createUuidV5(kDemoIdNamespace, name).toString(QUuid::WithoutBraces);
 }
 
 // The flights took place in the morning of the day before the project's last change.

@@ -5,9 +5,9 @@
 
 #include <httplib.h>
 
-void Envelope::Ok(httplib::Response& res, const QJsonValue& data)
+void Envelope::Ok(httplib::Response& res, const QJsonValue& data, const QString& message)
 {
-    Write(res, 200, 0, QStringLiteral("OK"), data);
+    Write(res, 200, 0, message, data);
 }
 
 void Envelope::Fail(httplib::Response& res, int httpStatus, const QString& message)

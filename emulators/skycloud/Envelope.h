@@ -12,7 +12,9 @@ struct Response;
 class Envelope
 {
 public:
-    static void Ok(httplib::Response& res, const QJsonValue& data);
+    // Success; the message is shown to the user by calls whose result the
+    // hub reports in a message box.
+    static void Ok(httplib::Response& res, const QJsonValue& data, const QString& message = QStringLiteral("OK"));
     static void Fail(httplib::Response& res, int httpStatus, const QString& message);
 
 private:

@@ -57,9 +57,24 @@ bool FormFields::RequireAll(std::initializer_list<const char*> names, httplib::R
 {
     for (const char* name : names) {
         if (Value(name).isEmpty()) {
-            Envelope::Fail(res, 400, QStringLiteral("Missing field: %1").arg(QLatin1String(name)));
+            FailMissing(name, res);
             return false;
         }
     }
     return true;
+}
+
+std::optional<QStringList> FormFields::RequireList(const char* name, httplib::Response& res) const
+{
+    const QStringList values = List(name);
+    if (values.isEmpty()) {
+        FailMissing(name, res);
+        return std::nullopt;
+    }
+    return values;
+}
+
+void FormFields::FailMissing(const char* name, httplib::Response& res)
+{
+    Envelope::Fail(res, 400, QStringLiteral("Missing field: %1").arg(QLatin1String(name)));
 }

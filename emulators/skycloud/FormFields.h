@@ -25,7 +25,11 @@ public:
     QStringList List(const char* name) const;
     // Writes a 400 naming the first missing or empty field.
     bool RequireAll(std::initializer_list<const char*> names, httplib::Response& res) const;
+    // List(name), or a 400 naming the field when it lists nothing.
+    std::optional<QStringList> RequireList(const char* name, httplib::Response& res) const;
 
 private:
+    static void FailMissing(const char* name, httplib::Response& res);
+
     httplib::Params m_params;
 };

@@ -86,11 +86,8 @@ void ProjectEndpoints::RemoveMulti(const httplib::Request& req, httplib::Respons
     const std::optional<Account> account = m_guard.RequireAccount(req, res);
     if (!account)
         return;
-    const QStringList projectIds = FormFields(req).List("ids");
-    if (projectIds.isEmpty())
-        Envelope::Fail(res, 400, QStringLiteral("Missing field: ids"));
-    else
-        RemoveProjects(*account, projectIds, res);
+    if (const std::optional<QStringList> projectIds = FormFields(req).RequireList("ids", res))
+        RemoveProjects(*account, *projectIds, res);
 }
 
 void ProjectEndpoints::RemoveProjects(const Account& account, const QStringList& projectIds, httplib::Response& res)

@@ -3,7 +3,6 @@
 #include "CloudStore.h"
 #include "Envelope.h"
 #include "FormFields.h"
-#include "PushChannel.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -25,7 +24,7 @@ std::optional<QJsonObject> ParseData(const QString& text)
 
 PushEndpoints::PushEndpoints(CloudStore& store, PushChannel& channel)
     : m_store(store)
-    , m_channel(channel)
+    , m_notifier(store, channel)
     , m_guard(store)
 {
 }
@@ -88,13 +87,7 @@ void PushEndpoints::Send(const httplib::Request& req, httplib::Response& res)
         return;
     }
 
-    const QString action = form.Value("action");
-    const QString message = form.Value("message");
-    const qint64 id = m_store.AddMessage(account->id, action, message, *data);
-    const QJsonObject notification{{"status", form.Value("status").toInt()},
-                                   {"action", action},
-                                   {"message", message},
-                                   {"data", *data}};
-    const int delivered = m_channel.Send(account->id, notification);
-    Envelope::Ok(res, QJsonObject{{"id", id}, {"delivered", delivered}});
+    const Notifier::Receipt receipt = m_notifier.Notify(
+        account->id, {form.Value("action"), form.Value("message"), *data, form.Value("status").toInt()});
+    Envelope::Ok(res, QJsonObject{{"id", receipt.messageId}, {"delivered", receipt.delivered}});
 }

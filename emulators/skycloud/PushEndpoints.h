@@ -2,6 +2,7 @@
 
 #include "Account.h"
 #include "EndpointGroup.h"
+#include "Notifier.h"
 #include "TokenGuard.h"
 
 #include <optional>
@@ -27,6 +28,6 @@ private:
     std::optional<Account> Recipient(const httplib::Request& req, httplib::Response& res) const;
 
     CloudStore& m_store;
-    PushChannel& m_channel;
+    Notifier m_notifier;
     TokenGuard m_guard;
 };

@@ -8,6 +8,8 @@
 #include "ProjectStore.h"
 #include "PushChannel.h"
 #include "ReleaseShelf.h"
+#include "ShareEndpoints.h"
+#include "ShareStore.h"
 #include "SignalWatcher.h"
 
 #include <QCommandLineParser>
@@ -105,10 +107,15 @@ int main(int argc, char* argv[])
     if (projects.IsNew())
         DemoSeeder(projects, flights).Seed();
 
+    ShareStore shares(parser.value(dataOption));
+    if (!shares.Open(&error))
+        return Fail(error);
+
     PushChannel channel(store);
     CloudServer server(store, channel, shelf, parser.isSet(exposeCodesOption));
     server.AddGroup(std::make_unique<ProjectEndpoints>(store, projects));
     server.AddGroup(std::make_unique<FlightEndpoints>(store, flights));
+    server.AddGroup(std::make_unique<ShareEndpoints>(store, projects, shares, channel));
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));

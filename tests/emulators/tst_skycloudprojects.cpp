@@ -1,18 +1,9 @@
+#include "CDemoAccounts.h"
 #include "CSkyCloudProcess.h"
 
 #include <QDir>
 #include <QJsonArray>
 #include <QtTest>
-
-namespace {
-
-// The demo accounts and their ids in a new data folder.
-const QByteArray PhoneOne = "13800000001";
-const QByteArray PhoneTwo = "13800000002";
-constexpr qint64 AccountOne = 1;
-constexpr qint64 AccountTwo = 2;
-
-}  // namespace
 
 // Removing projects from the emulated cloud: only the caller's own go, and a
 // request naming any other project removes nothing at all.
@@ -29,47 +20,34 @@ private slots:
     void removalOutlastsRestart();
 
 private:
-    QStringList ProjectIds(const QByteArray& token);
     int StoredFiles(qint64 accountId) const;
     // "own:N" and "other:N" stand for the N-th project of account one or two.
     QByteArray IdsText(const QStringList& picks) const;
 
     std::unique_ptr<CSkyCloudProcess> m_cloud;
-    QByteArray m_tokenOne;
-    QByteArray m_tokenTwo;
-    QStringList m_idsOne;
-    QStringList m_idsTwo;
+    std::unique_ptr<CDemoAccounts> m_accounts;
 };
 
 void tst_SkyCloudProjects::init()
 {
     m_cloud = std::make_unique<CSkyCloudProcess>();
     QVERIFY(m_cloud->Start());
-    m_tokenOne = m_cloud->SignIn(PhoneOne);
-    m_tokenTwo = m_cloud->SignIn(PhoneTwo);
-    m_idsOne = ProjectIds(m_tokenOne);
-    m_idsTwo = ProjectIds(m_tokenTwo);
-    QCOMPARE(m_idsOne.size(), 3);
-    QCOMPARE(m_idsTwo.size(), 2);
+    m_accounts = std::make_unique<CDemoAccounts>(*m_cloud);
+    QVERIFY(m_accounts->SignIn());
+    QCOMPARE(m_accounts->One().projectIds.size(), 3);
+    QCOMPARE(m_accounts->Two().projectIds.size(), 2);
 }
 
 void tst_SkyCloudProjects::cleanup()
 {
+    m_accounts.reset();
     m_cloud.reset();
-}
-
-QStringList tst_SkyCloudProjects::ProjectIds(const QByteArray& token)
-{
-    QStringList ids;
-    for (const QJsonValue& project : m_cloud->Call("/project/list", {}, token).value("data").toArray())
-        ids.append(project.toObject().value("id").toString());
-    ids.sort();
-    return ids;
 }
 
 int tst_SkyCloudProjects::StoredFiles(qint64 accountId) const
 {
-    return QDir(m_cloud->DataDir() + "/projects/" + QString::number(accountId)).entryList({"*.proj"}, QDir::Files).size();
+    const QDir folder(m_cloud->DataDir() + "/projects/" + QString::number(accountId));
+    return folder.entryList({"*.proj"}, QDir::Files).size();
 }
 
 QByteArray tst_SkyCloudProjects::IdsText(const QStringList& picks) const
@@ -78,9 +56,9 @@ QByteArray tst_SkyCloudProjects::IdsText(const QStringList& picks) const
     for (const QString& pick : picks) {
         const int index = pick.section(':', 1).toInt();
         if (pick.startsWith("own:"))
-            ids.append(m_idsOne.at(index));
+            ids.append(m_accounts->One().projectIds.at(index));
         else if (pick.startsWith("other:"))
-            ids.append(m_idsTwo.at(index));
+            ids.append(m_accounts->Two().projectIds.at(index));
         else
             ids.append(pick);
     }
@@ -127,37 +105,40 @@ void tst_SkyCloudProjects::removal()
     QFETCH(int, httpStatus);
     QFETCH(QStringList, removed);
 
-    const int filesOne = StoredFiles(AccountOne);
-    const int filesTwo = StoredFiles(AccountTwo);
+    const CDemoAccounts::SAccount& one = m_accounts->One();
+    const CDemoAccounts::SAccount& two = m_accounts->Two();
+    const int filesOne = StoredFiles(one.iID);
+    const int filesTwo = StoredFiles(two.iID);
     int status = 0;
-    const QJsonObject reply = m_cloud->Call(path, field + "=" + IdsText(picks), m_tokenOne, &status);
+    const QJsonObject reply = m_cloud->Call(path, field + "=" + IdsText(picks), one.token, &status);
     QCOMPARE(status, httpStatus);
     QCOMPARE(reply.value("status").toInt(-1), httpStatus == 200 ? 0 : httpStatus);
     QVERIFY(!reply.value("message").toString().isEmpty());
 
-    QStringList expectedOne = m_idsOne;
+    QStringList expectedOne = one.projectIds;
     for (const QByteArray& id : IdsText(removed).split(','))
         expectedOne.removeAll(QString::fromLatin1(id));
-    QCOMPARE(ProjectIds(m_tokenOne), expectedOne);
-    QCOMPARE(ProjectIds(m_tokenTwo), m_idsTwo);
-    QCOMPARE(StoredFiles(AccountOne), filesOne - removed.size());
-    QCOMPARE(StoredFiles(AccountTwo), filesTwo);
-    for (const QString& id : m_idsOne) {
-        m_cloud->Call("/project/downloadfile", "id=" + id.toLatin1(), m_tokenOne, &status);
+    QCOMPARE(m_accounts->ProjectIds(one.token), expectedOne);
+    QCOMPARE(m_accounts->ProjectIds(two.token), two.projectIds);
+    QCOMPARE(StoredFiles(one.iID), filesOne - removed.size());
+    QCOMPARE(StoredFiles(two.iID), filesTwo);
+    for (const QString& id : one.projectIds) {
+        m_cloud->Call("/project/downloadfile", "id=" + id.toLatin1(), one.token, &status);
         QCOMPARE(status, expectedOne.contains(id) ? 200 : 404);
     }
 }
 
 void tst_SkyCloudProjects::removalOutlastsRestart()
 {
+    const CDemoAccounts::SAccount& one = m_accounts->One();
     int status = 0;
-    m_cloud->Call("/project/removemulti", "ids=" + IdsText({"own:0", "own:1", "own:2"}), m_tokenOne, &status);
+    m_cloud->Call("/project/removemulti", "ids=" + IdsText({"own:0", "own:1", "own:2"}), one.token, &status);
     QCOMPARE(status, 200);
 
     m_cloud->Stop();
     QVERIFY(m_cloud->Start());
-    QCOMPARE(ProjectIds(m_tokenOne), QStringList{});
-    QCOMPARE(ProjectIds(m_tokenTwo), m_idsTwo);
+    QCOMPARE(m_accounts->ProjectIds(one.token), QStringList{});
+    QCOMPARE(m_accounts->ProjectIds(m_accounts->Two().token), m_accounts->Two().projectIds);
 }
 
 QTEST_GUILESS_MAIN(tst_SkyCloudProjects)
