@@ -1,6 +1,8 @@
 #include "LmCarrowmereUILog.h"
 
 Q_LOGGING_CATEGORY(lcMainWnd, "sky.carrowmereui.mainwindow")
+Q_LOGGING_CATEGORY(lcLauncher, "sky.carrowmereui.launcher")
+Q_LOGGING_CATEGORY(lcNotices, "sky.carrowmereui.notices")
 Q_LOGGING_CATEGORY(lcPhoneCode, "sky.carrowmereui.phonecode")
 Q_LOGGING_CATEGORY(lcProjSynch, "sky.carrowmereui.projectsynch")
 Q_LOGGING_CATEGORY(lcProjMgr, "sky.carrowmereui.projectmanager")

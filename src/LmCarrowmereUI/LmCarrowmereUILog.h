@@ -4,6 +4,8 @@
 
 // The hub's logging categories, "sky.carrowmereui.<area>".
 Q_DECLARE_LOGGING_CATEGORY(lcMainWnd)
+Q_DECLARE_LOGGING_CATEGORY(lcLauncher)
+Q_DECLARE_LOGGING_CATEGORY(lcNotices)
 Q_DECLARE_LOGGING_CATEGORY(lcPhoneCode)
 Q_DECLARE_LOGGING_CATEGORY(lcProjSynch)
 Q_DECLARE_LOGGING_CATEGORY(lcProjMgr)

@@ -11,8 +11,9 @@ int main(int argc, char* argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("SkyConsole"));
     // Library chatter stays quiet unless QT_LOGGING_RULES asks for it; the
-    // window's own events (aircraft connect, push notices) are kept.
-    QLoggingCategory::setFilterRules(QStringLiteral("sky.*.debug=false\nsky.carrowmereui.mainwindow.debug=true"));
+    // window's own events (aircraft connect) and the push notices are kept.
+    QLoggingCategory::setFilterRules(QStringLiteral(
+        "sky.*.debug=false\nsky.carrowmereui.mainwindow.debug=true\nsky.carrowmereui.notices.debug=true"));
 
     QFile style(QStringLiteral(":/styles/skyconsole.qss"));
     if (style.open(QIODevice::ReadOnly))

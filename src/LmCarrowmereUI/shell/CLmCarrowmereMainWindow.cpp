@@ -5,23 +5,21 @@
 
 #include "CLmCarrowmereMaintainPage.h"
 #include "CLmCarrowmereLoginDialog.h"
-#include "CLmCarrowmereUpgradeLauncher.h"
-#include "CLmCarrowmereUpgradeSure.h"
-#include "CLmCheckUpdateRet.h"
 #include "CLmControl.h"
 #include "CLmHardwareCheck.h"
 #include "CLmDeviceChangeFilter.h"
 #include "CLmFlightDataDbOperator.h"
+#include "CLmLauncher.h"
 #include "CLmLinkManager.h"
 #include "CLmLinkProvide.h"
 #include "CLmMessageBox.h"
 #include "CLmNetWorkGlobal.h"
 #include "CLmNetWorkRequest.h"
+#include "CLmNoFlyZoneUpgrade.h"
+#include "CLmNoticeCenter.h"
 #include "CLmProjMgrWgt.h"
 #include "CLmSessionStore.h"
 #include "CLmShareNotifier.h"
-#include "CLmSureUpgrade.h"
-#include "CLmTcpClientLink.h"
 #include "CLmUAVConnectObj.h"
 #include "CLmUasProvide.h"
 #include "CLmUsbDeviceLink.h"
@@ -29,26 +27,21 @@
 #include "LmCloudPaths.h"
 #include "LmCloudRequest.h"
 #include "LmConstants.h"
-#include "LINK_TYPE.h"
+#include "LmPushText.h"
 #include "LmUsbDiskText.h"
 #include "mavlink_message_t.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QMouseEvent>
 #include <QUrl>
-#include <QWebEngineView>
 
 namespace {
 
 const char kIconShareOk[] = ":/images/Normal/Home/HomeFile_share_ok_ic.png";
 const char kIconExit[] = ":/images/Normal/Home/HomeFilebut_receive_ic.png";
-const char kIconExclamation[] = ":/images/Normal/Exclamation_mark.png";
 const char kIconOffNetwork[] = ":/images/Normal/userinfo/off_network_ico.png";
-const char kIconNotFound[] = ":/images/Normal/Home/HomeFile_share_no_ic.png";
 
 // The network tester's period until the cloud has been reached once, and after.
 constexpr int kOfflinePollMs = 5000;
@@ -60,58 +53,22 @@ constexpr int kAccountCheckTimeoutMs = 10000;
 // A parachute count above this asks the crew to check the parachute.
 constexpr int kParachuteNoticeThreshold = 80;
 
-// Push notifications are acted on only with these statuses.
-bool IsActionableStatus(int status)
-{
-    return status == 0 || status == 2;
-}
-
 }  // namespace
 
 CLmCarrowmereMainWindow::CLmCarrowmereMainWindow(QWidget* parent)
     : CLmBaseWidget(parent)
+    , m_pNoFlyZoneUpgrade(std::make_unique<CLmNoFlyZoneUpgrade>())
 {
     qRegisterMetaType<mavlink_message_t>("mavlink_message_t");
     connect(CLmShareNotifier::Instance(), &CLmShareNotifier::ShareMessageArrived, this,
             &CLmCarrowmereMainWindow::slotShowShareMessage);
     CheckShortcut();
-
-    m_pUi = std::make_unique<Ui::CLmCarrowmereWgt>();
-    m_pUi->setupUi(this);
-    m_pUi->m_pBtnProjManager->SetTipMargin(5, 5);
-    m_pUi->m_pBtnProjManager->SetTipSize(QSize(8, 8));
-    m_pUi->m_pBtnSysMessage->setAttribute(Qt::WA_TransparentForMouseEvents, true);
-    setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(tr("SkyConsole"));
-
-    m_listAppBtns = {m_pUi->m_pBtnMainWndVireoPlan,    m_pUi->m_pBtnMainWndVireoFly,
-                     m_pUi->m_pBtnMainWndVireoCheck,   m_pUi->m_pBtnMainWndVireoProcess,
-                     m_pUi->m_pBtnMainWndVireoMap,     m_pUi->m_pBtnMainWndVireoMoniter};
-    const QStringList accessibleNames = {QStringLiteral("VireoPlan"),     QStringLiteral("VireoFly"),
-                                         QStringLiteral("Vireo_Check"),   QStringLiteral("Vireo_Process"),
-                                         QStringLiteral("Vireo_Map"),     QStringLiteral("Vireo_Monitor")};
-    for (int i = 0; i < m_listAppBtns.size(); ++i)
-        m_listAppBtns.at(i)->setAccessibleName(accessibleNames.at(i));
-
-    if (!m_pMaintainPage) {
-        m_pMaintainPage = new CLmCarrowmereMaintainPage(this);
-        m_pUi->m_pMainStackedWidget->addWidget(m_pMaintainPage);
-        connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::BackToHome, this,
-                &CLmCarrowmereMainWindow::slotBackToHome);
-        connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::NeedUpgrade, this,
-                &CLmCarrowmereMainWindow::slotMarkUpgrade);
-        m_pMaintainPage->SetMainWindow(this);
-    }
-    if (!m_pUserMessagePage) {
-        m_pUserMessagePage = new CLmUserMessagePage(this);
-        m_pUi->m_pMainStackedWidget->addWidget(m_pUserMessagePage);
-        connect(m_pUserMessagePage, &CLmUserMessagePage::saveUserInfoSucced, this,
-                &CLmCarrowmereMainWindow::slotUpdateUserInfo);
-        connect(m_pUserMessagePage, &CLmUserMessagePage::LogoutSucced, this,
-                &CLmCarrowmereMainWindow::slotUpdateUserInfo);
-        connect(m_pUserMessagePage, &CLmUserMessagePage::BackToHome, this,
-                &CLmCarrowmereMainWindow::slotBackToHome);
-    }
+    SetupForm();
+    CreatePages();
+    m_pLauncher = new CLmLauncher(m_process, m_threadUpload, this);
+    ConnectLauncher();
+    m_pNoticeCenter = new CLmNoticeCenter(this, m_pUi->m_pOnlineView);
+    ConnectNotices();
 
     SetupConnectInfo();
     InitSystemInfo();
@@ -139,6 +96,49 @@ CLmCarrowmereMainWindow::~CLmCarrowmereMainWindow()
     delete m_pNetWorkGlobal;
     delete m_pFlightDataDbOperator;
     delete m_pUsbDeviceLink;
+}
+
+void CLmCarrowmereMainWindow::SetupForm()
+{
+    m_pUi = std::make_unique<Ui::CLmCarrowmereWgt>();
+    m_pUi->setupUi(this);
+    m_pUi->m_pBtnProjManager->SetTipMargin(5, 5);
+    m_pUi->m_pBtnProjManager->SetTipSize(QSize(8, 8));
+    m_pUi->m_pBtnSysMessage->setAttribute(Qt::WA_TransparentForMouseEvents, true);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(tr("SkyConsole"));
+
+    m_listAppBtns = {m_pUi->m_pBtnMainWndVireoPlan,    m_pUi->m_pBtnMainWndVireoFly,
+                     m_pUi->m_pBtnMainWndVireoCheck,   m_pUi->m_pBtnMainWndVireoProcess,
+                     m_pUi->m_pBtnMainWndVireoMap,     m_pUi->m_pBtnMainWndVireoMoniter};
+    const QStringList accessibleNames = {QStringLiteral("VireoPlan"),     QStringLiteral("VireoFly"),
+                                         QStringLiteral("Vireo_Check"),   QStringLiteral("Vireo_Process"),
+                                         QStringLiteral("Vireo_Map"),     QStringLiteral("Vireo_Monitor")};
+    for (int i = 0; i < m_listAppBtns.size(); ++i)
+        m_listAppBtns.at(i)->setAccessibleName(accessibleNames.at(i));
+}
+
+void CLmCarrowmereMainWindow::CreatePages()
+{
+    if (!m_pMaintainPage) {
+        m_pMaintainPage = new CLmCarrowmereMaintainPage(this);
+        m_pUi->m_pMainStackedWidget->addWidget(m_pMaintainPage);
+        connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::BackToHome, this,
+                &CLmCarrowmereMainWindow::slotBackToHome);
+        connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::NeedUpgrade, this,
+                &CLmCarrowmereMainWindow::slotMarkUpgrade);
+        m_pMaintainPage->SetMainWindow(this);
+    }
+    if (!m_pUserMessagePage) {
+        m_pUserMessagePage = new CLmUserMessagePage(this);
+        m_pUi->m_pMainStackedWidget->addWidget(m_pUserMessagePage);
+        connect(m_pUserMessagePage, &CLmUserMessagePage::saveUserInfoSucced, this,
+                &CLmCarrowmereMainWindow::slotUpdateUserInfo);
+        connect(m_pUserMessagePage, &CLmUserMessagePage::LogoutSucced, this,
+                &CLmCarrowmereMainWindow::slotUpdateUserInfo);
+        connect(m_pUserMessagePage, &CLmUserMessagePage::BackToHome, this,
+                &CLmCarrowmereMainWindow::slotBackToHome);
+    }
 }
 
 void CLmCarrowmereMainWindow::CheckShortcut()
@@ -171,6 +171,36 @@ void CLmCarrowmereMainWindow::SetupConnectInfo()
     connect(m_pUi->m_pBtnSysMessage, &QPushButton::clicked, this, &CLmCarrowmereMainWindow::slotShowSysMsg);
     for (QPushButton* button : qAsConst(m_listAppBtns))
         connect(button, &QPushButton::clicked, this, &CLmCarrowmereMainWindow::slotAppBtnClicked);
+}
+
+void CLmCarrowmereMainWindow::ConnectLauncher()
+{
+    connect(&m_process, &QProcess::started, this, &CLmCarrowmereMainWindow::slotProcessStarted);
+    connect(&m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            &CLmCarrowmereMainWindow::slotProcessFinished);
+    connect(m_pLauncher, &CLmLauncher::SignInNeeded, this, &CLmCarrowmereMainWindow::AskToSignIn);
+    connect(m_pLauncher, &CLmLauncher::freeSerialPort, this, &CLmCarrowmereMainWindow::freeSerialPort);
+    connect(m_pLauncher, &CLmLauncher::freeSerialPort, m_pMaintainPage,
+            &CLmCarrowmereMaintainPage::ReleaseDeviceConnection);
+    connect(m_pLauncher, &CLmLauncher::connectSerialPort, this, &CLmCarrowmereMainWindow::connectSerialPort);
+    connect(m_pLauncher, &CLmLauncher::connectSerialPort, m_pMaintainPage,
+            &CLmCarrowmereMaintainPage::RestoreDeviceConnection);
+}
+
+void CLmCarrowmereMainWindow::ConnectNotices()
+{
+    using Window = CLmCarrowmereMainWindow;
+    connect(m_pNoticeCenter, &CLmNoticeCenter::ProjectNoticeArrived, this, &Window::ShowProjectBadge);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::MessageNoticeArrived, this, &Window::ShowNewMessageIcon);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::AccessRequestArrived, m_pMaintainPage,
+            [this] { m_pMaintainPage->SetPendingRequest(true); });
+    connect(m_pNoticeCenter, &CLmNoticeCenter::NewsArrived, this, &Window::ShowSystemMessage);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::LiftCheckConfirmed, m_pNoFlyZoneUpgrade.get(),
+            &CLmNoFlyZoneUpgrade::Start);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::LauncherUpgradeInfor, this, &Window::slotLauncherUpgradeInfor);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::DownLoadFinished, m_pMaintainPage,
+            &CLmCarrowmereMaintainPage::slotDownLoadFinished);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::NeedUpgradeSureNewVersion, this, &Window::slotNeedUpgradeSureNewVersion);
 }
 
 void CLmCarrowmereMainWindow::InitSystemInfo()
@@ -260,6 +290,11 @@ void CLmCarrowmereMainWindow::slotShowSysMsg()
 void CLmCarrowmereMainWindow::slotShowShareMessage()
 {
     ShowNewMessageIcon();
+    ShowProjectBadge();
+}
+
+void CLmCarrowmereMainWindow::ShowProjectBadge()
+{
     m_pUi->m_pBtnProjManager->SetTipVisible(true);
 }
 
@@ -270,51 +305,23 @@ void CLmCarrowmereMainWindow::ShowNewMessageIcon()
     m_pUi->m_pBtnMessage->setStyleSheet(style);
 }
 
+// A news text makes the system message clickable.
+void CLmCarrowmereMainWindow::ShowSystemMessage(const QString& text)
+{
+    m_pUi->m_pBtnSysMessage->setText(text);
+    m_pUi->m_pBtnSysMessage->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+}
+
 void CLmCarrowmereMainWindow::ResponseJsonObject(const QJsonObject& obj)
 {
-    // A missing or non-numeric status is not one to act on.
-    const int status = obj.value(QStringLiteral("status")).toInt(-1);
-    const QString action = obj.value(QStringLiteral("action")).toString();
-    qCDebug(lcMainWnd) << "push notification" << status << action;
-    if (!IsActionableStatus(status))
-        return;
-
-    if (action == QLatin1String("project_share")) {
-        m_pUi->m_pBtnProjManager->SetTipVisible(true);
-    } else if (action == QLatin1String("project_share_message")) {
-        ShowNewMessageIcon();
-    } else if (action == QLatin1String("apply_ios")) {
-        ShowNewMessageIcon();
-        m_pMaintainPage->SetPendingRequest(true);
-    } else if (action == QLatin1String("news")) {
-        m_pUi->m_pBtnSysMessage->setText(obj.value(QStringLiteral("message")).toString());
-        m_pUi->m_pBtnSysMessage->setAttribute(Qt::WA_TransparentForMouseEvents, false);
-    } else if (action == QLatin1String("lift_check")) {
-        CLmMessageBox box(obj.value(QStringLiteral("message")).toString(), QLatin1String(kIconExclamation),
-                          tr("System Information"), CLmMessageBox::BtnOk, this);
-        box.exec();
-        m_noFlyZoneUpgrade.Start();
-    } else if (action == QLatin1String("pc_assign")) {
-        qCDebug(lcMainWnd) << "task assigned:" << obj.value(QStringLiteral("message")).toString();
-        m_pUi->m_pBtnProjManager->SetTipVisible(true);
-    }
+    m_pNoticeCenter->Dispatch(obj);
 }
 
 void CLmCarrowmereMainWindow::slotBytesReceived(CLmLinkProvide* pLink, QByteArray bytes)
 {
     Q_UNUSED(pLink)
-    const QStringList pieces = QString::fromUtf8(bytes).split(QStringLiteral("SWOOLE_SOCKET_FINISH"));
-    for (const QString& piece : pieces) {
-        const QJsonDocument document = QJsonDocument::fromJson(piece.toLatin1());
-        const QJsonObject object = document.object();
-        if (!object.isEmpty()) {
-            ResponseJsonObject(object);
-            continue;
-        }
-        const QJsonArray array = document.array();
-        for (const QJsonValue& element : array)
-            ResponseJsonObject(element.toObject());
-    }
+    for (const QJsonObject& notice : LmPushText::Notifications(bytes))
+        ResponseJsonObject(notice);
 }
 
 bool CLmCarrowmereMainWindow::nativeEvent(const QByteArray& eventType, void* message, long* result)
@@ -436,10 +443,10 @@ void CLmCarrowmereMainWindow::slotNetWorkStateRet(bool bOnline)
     if (bOnline) {
         m_pUi->m_pMainStackedWidget->setCurrentWidget(m_pUi->m_pHomePage);
         m_pUi->m_pHomeStackedWidget->setCurrentWidget(m_pUi->m_pOnlineView);
-        ShowNewsPage(QUrl::fromEncoded(GetPageIP() + LmCloudPath::NewsPage));
+        m_pNoticeCenter->ShowNews(QUrl::fromEncoded(GetPageIP() + LmCloudPath::NewsPage));
         m_pNetWorkGlobal->SetTimerInterval(kOnlinePollMs);
         m_threadNetWork.start(QThread::InheritPriority);
-        StartUpdateChecks();
+        m_pNoticeCenter->StartUpdateChecks();
         OpenPushLink();
     } else {
         m_pNetWorkGlobal->SetTimerInterval(kOfflinePollMs);
@@ -449,14 +456,14 @@ void CLmCarrowmereMainWindow::slotNetWorkStateRet(bool bOnline)
 
 void CLmCarrowmereMainWindow::slotMarkUpgrade(bool bNeed)
 {
-    if (!bNeed || m_pFirmwareNoticeBox)
-        return;
-    m_pFirmwareNoticeBox = new CLmMessageBox(tr(" There is a new firmware version needs to be updated."), QString(),
-                                             tr("SkyConsole"), CLmMessageBox::BtnOkCancel, this);
-    if (m_pFirmwareNoticeBox->exec() == 1) {
-        m_pUi->m_pBtnMainWndMaintain->setChecked(true);
-        slotExecMaintain();
-    }
+    if (bNeed && m_pNoticeCenter->OfferFirmwareUpdate())
+        OpenMaintainPage();
+}
+
+void CLmCarrowmereMainWindow::OpenMaintainPage()
+{
+    m_pUi->m_pBtnMainWndMaintain->setChecked(true);
+    slotExecMaintain();
 }
 
 bool CLmCarrowmereMainWindow::IsLogin()
@@ -484,8 +491,8 @@ void CLmCarrowmereMainWindow::slotAcceptLogin()
                                               + QStringLiteral("/Vireo_AirLine/"));
     m_pUi->m_pLabelUserName->setText(user.strNickName);
     SetAccountButtonsEnabled(true);
-    RefreshPushSubscription();
-    m_noFlyZoneUpgrade.Start();
+    m_pNoticeCenter->RefreshPushSubscription();
+    m_pNoFlyZoneUpgrade->Start();
 }
 
 void CLmCarrowmereMainWindow::slotUpdateUserInfo()
@@ -497,7 +504,7 @@ void CLmCarrowmereMainWindow::slotUpdateUserInfo()
     }
     m_pUi->m_pLabelUserName->setText(tr("Sign in"));
     SetAccountButtonsEnabled(false);
-    RefreshPushSubscription();
+    m_pNoticeCenter->RefreshPushSubscription();
     slotBackToHome();
     m_pProjMgrWgt->Reset();
 }
@@ -507,6 +514,14 @@ void CLmCarrowmereMainWindow::ShowNetworkFault()
     CLmMessageBox box(tr("Network fault"), QLatin1String(kIconOffNetwork), tr("SkyConsole"), CLmMessageBox::BtnOk,
                       this);
     box.exec();
+}
+
+void CLmCarrowmereMainWindow::AskToSignIn()
+{
+    if (CLmControl::GetInstance()->IsNetWorkConnected())
+        OpenLoginDialog();
+    else
+        ShowNetworkFault();
 }
 
 void CLmCarrowmereMainWindow::OpenLoginDialog()
@@ -592,98 +607,30 @@ void CLmCarrowmereMainWindow::slotShowAccountInfo()
         OpenLoginDialog();
 }
 
-QString CLmCarrowmereMainWindow::ParentOfApplicationDirectory() const
-{
-    QDir appDir(CLmControl::GetInstance()->GetApplicationDirectory());
-    appDir.cdUp();
-    return appDir.absolutePath();
-}
-
-void CLmCarrowmereMainWindow::StartDetached(const QString& program, const QStringList& arguments,
-                                            const QString& workingFolder)
-{
-    if (!QProcess::startDetached(program, arguments, workingFolder))
-        qCWarning(lcMainWnd) << "could not start" << program;
-}
-
 void CLmCarrowmereMainWindow::slotAppBtnClicked()
 {
-    auto* button = qobject_cast<QPushButton*>(sender());
-    if (!button)
-        return;
-    const QString key = button->accessibleName();
-    if (key == QLatin1String("Vireo_Process") || key == QLatin1String("Vireo_Map")) {
-        const QString folder = ParentOfApplicationDirectory() + QStringLiteral("/vireo_map/");
-        StartDetached(folder + key + QStringLiteral(".exe"), {GetLaunchKey()}, folder);
-        return;
-    }
-
-    const SLmUserInfo user = GetCurUserInfo();
-    if (user.strToken.isEmpty()) {
-        if (CLmControl::GetInstance()->IsNetWorkConnected())
-            OpenLoginDialog();
-        else
-            ShowNetworkFault();
-        return;
-    }
-
-    if (key == QLatin1String("Vireo_Monitor")) {
-        const QByteArray url = GetMonitorIP() + "/monitor/monitor4new?token=" + user.strToken.toLatin1();
-        QDesktopServices::openUrl(QUrl(QString::fromLatin1(url), QUrl::TolerantMode));
-        return;
-    }
-
-    connect(&m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
-            &CLmCarrowmereMainWindow::slotProcessFinished, Qt::UniqueConnection);
-    connect(&m_process, &QProcess::started, this, &CLmCarrowmereMainWindow::slotProcessStarted,
-            Qt::UniqueConnection);
-    // The program name of the attached applications is their key, beside this one.
-    const QString program = CLmControl::GetInstance()->GetApplicationDirectory() + QLatin1Char('/') + key;
-    m_process.start(program, {key, GetLaunchKey(), QString::fromUtf8(GetServerIP())}, QIODevice::ReadWrite);
+    if (auto* button = qobject_cast<QPushButton*>(sender()))
+        m_pLauncher->Launch(button->accessibleName());
 }
 
 void CLmCarrowmereMainWindow::slotProcessStarted()
 {
-    // The UAV worker owns the aircraft links and lets them go on this signal.
-    Q_EMIT freeSerialPort();
-    m_pMaintainPage->ReleaseDeviceConnection();
-    hide();
-    if (m_process.arguments().value(0) == QLatin1String("VireoFly") && m_threadUpload.isRunning()) {
-        m_threadUpload.quit();
-        m_threadUpload.wait();
-    }
+    m_pLauncher->HandOver();
 }
 
 void CLmCarrowmereMainWindow::slotProcessFinished(int exitCode, QProcess::ExitStatus exitStatus)
 {
-    qCDebug(lcMainWnd) << "application ended" << exitCode << exitStatus;
-    Q_EMIT connectSerialPort();
-    m_pMaintainPage->RestoreDeviceConnection();
-    show();
-    if (m_process.arguments().value(0) == QLatin1String("VireoFly") && !m_threadUpload.isRunning())
-        m_threadUpload.start(QThread::InheritPriority);
-}
-
-void CLmCarrowmereMainWindow::StartViewer(const QString& relativeProgram)
-{
-    const QString program = ParentOfApplicationDirectory() + relativeProgram;
-    if (!QFileInfo::exists(program)) {
-        CLmMessageBox box(tr("Not found an executable program."), QLatin1String(kIconNotFound), tr("SkyConsole"),
-                          CLmMessageBox::BtnOk, this);
-        box.exec();
-        return;
-    }
-    StartDetached(program, {}, QFileInfo(program).absolutePath() + QLatin1Char('/'));
+    m_pLauncher->TakeBack(exitCode, exitStatus);
 }
 
 void CLmCarrowmereMainWindow::slotOpen3DViewer()
 {
-    StartViewer(QStringLiteral("/Carrowmere/vireo_3dviewer.exe"));
+    m_pLauncher->Open3DViewer();
 }
 
 void CLmCarrowmereMainWindow::slotOpenShortcut()
 {
-    StartViewer(QStringLiteral("/vireo_map/vireo_viewer.exe"));
+    m_pLauncher->OpenImageViewer();
 }
 
 void CLmCarrowmereMainWindow::slotCloudBtnClicked()
@@ -705,7 +652,7 @@ void CLmCarrowmereMainWindow::slotCloudBtnClicked()
 
 void CLmCarrowmereMainWindow::slotHelpBtnClicked()
 {
-    QDesktopServices::openUrl(QUrl(GetHelpUrl(), QUrl::TolerantMode));
+    m_pLauncher->OpenHelp();
 }
 
 void CLmCarrowmereMainWindow::slotUasConnected(CLmUasProvide* pUas)
@@ -719,10 +666,7 @@ void CLmCarrowmereMainWindow::slotUasDisConnected(CLmUasProvide* pUas)
     Q_UNUSED(pUas)
     qCDebug(lcMainWnd) << "Uas Disconnect";
     m_pMaintainPage->SetCurrentUas(nullptr);
-    if (m_pFirmwareNoticeBox) {
-        delete m_pFirmwareNoticeBox;
-        m_pFirmwareNoticeBox = nullptr;
-    }
+    m_pNoticeCenter->ForgetFirmwareOffer();
 }
 
 void CLmCarrowmereMainWindow::slotNeedNotifyParachute(int count)
@@ -730,59 +674,18 @@ void CLmCarrowmereMainWindow::slotNeedNotifyParachute(int count)
     m_pMaintainPage->SetParachuteNotice(count > kParachuteNoticeThreshold);
 }
 
-void CLmCarrowmereMainWindow::ShowNewsPage(const QUrl& url)
-{
-    // The browser engine is costly to start, so the view exists only once
-    // the cloud has been reached.
-    if (!m_pNewsView) {
-        m_pNewsView = new QWebEngineView(m_pUi->m_pOnlineView);
-        m_pNewsView->setObjectName(QStringLiteral("m_pNewsWebView"));
-        m_pNewsView->setContextMenuPolicy(Qt::NoContextMenu);
-        m_pUi->m_pOnlineLayout->addWidget(m_pNewsView);
-    }
-    m_pNewsView->load(url);
-}
-
-void CLmCarrowmereMainWindow::StartUpdateChecks()
-{
-    m_pCheckUpdateRet = new CLmCheckUpdateRet(this);
-    connect(m_pCheckUpdateRet, &CLmCheckUpdateRet::DownLoadFinished, m_pMaintainPage,
-            &CLmCarrowmereMaintainPage::slotDownLoadFinished);
-    connect(m_pCheckUpdateRet, &CLmCheckUpdateRet::LauncherUpgradeInfor, this,
-            &CLmCarrowmereMainWindow::slotLauncherUpgradeInfor);
-    m_pCheckUpdateRet->CheckUpdate();
-
-    m_pSureUpgrade = new CLmSureUpgrade(this);
-    connect(m_pSureUpgrade, &CLmSureUpgrade::NeedDownLoad, this,
-            &CLmCarrowmereMainWindow::slotNeedUpgradeSureNewVersion);
-    m_pSureUpgrade->CheckUpdate();
-}
-
 void CLmCarrowmereMainWindow::OpenPushLink()
 {
     connect(m_pLinkManager, &CLmLinkManager::bytesReceived, this, &CLmCarrowmereMainWindow::slotBytesReceived);
-    m_pPushLink = m_pLinkManager->AddTcpClientLink(this, LINK_TYPE_TCP_CLIENT);
-}
-
-void CLmCarrowmereMainWindow::RefreshPushSubscription()
-{
-    if (auto* pushLink = qobject_cast<CLmTcpClientLink*>(m_pPushLink))
-        pushLink->Resubscribe();
+    m_pNoticeCenter->OpenPushLink(m_pLinkManager);
 }
 
 void CLmCarrowmereMainWindow::slotNeedUpgradeSureNewVersion(QJsonObject release)
 {
-    CLmMessageBox box(tr(" There is a new \"srtch\" version needs to be updated."), QString(), tr("SkyConsole"),
-                      CLmMessageBox::BtnOkCancel, this);
-    if (box.exec() != 1)
-        return;
-    CLmCarrowmereUpgradeSure dialog(this);
-    dialog.SetDownloadData(release);
-    dialog.exec(true);
+    m_pNoticeCenter->OfferApplicationUpgrade(release);
 }
 
 void CLmCarrowmereMainWindow::slotLauncherUpgradeInfor()
 {
-    CLmCarrowmereUpgradeLauncher dialog(this);
-    dialog.exec(true);
+    m_pNoticeCenter->OfferLauncherUpgrade();
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CLmBaseWidget.h"
-#include "CLmNoFlyZoneUpgrade.h"
 #include "lmcarrowmereui_export.h"
 
 #include <QJsonObject>
@@ -16,21 +15,19 @@ namespace Ui {
 class CLmCarrowmereWgt;
 }
 class QPushButton;
-class QUrl;
-class QWebEngineView;
 class CLmCarrowmereMaintainPage;
 class CLmUserMessagePage;
 class CLmProjMgrWgt;
 class CLmLinkManager;
 class CLmLinkProvide;
 class CLmFlightDataDbOperator;
-class CLmMessageBox;
-class CLmCheckUpdateRet;
-class CLmSureUpgrade;
 class CLmNetWorkRequest;
 class CLmNetWorkGlobal;
 class CLmUsbDeviceLink;
 class CLmUasProvide;
+class CLmNoFlyZoneUpgrade;
+class CLmLauncher;
+class CLmNoticeCenter;
 
 // The hub's one top-level window: title bar, home page with the launcher,
 // the page stack and the worker threads that talk to the aircraft, upload
@@ -63,24 +60,26 @@ protected:
 
 private:
     void CheckShortcut();
+    void SetupForm();
+    void CreatePages();
     void SetupConnectInfo();
+    void ConnectLauncher();
+    void ConnectNotices();
     void InitSystemInfo();
     void ReadExistUsbDevice();
     void HandUsbDisksToMaintainPage();
     void ResponseJsonObject(const QJsonObject& obj);
     void ShowNewMessageIcon();
-    void ShowNewsPage(const QUrl& url);
-    void StartUpdateChecks();
+    void ShowProjectBadge();
+    void ShowSystemMessage(const QString& text);
+    void OpenMaintainPage();
     void OpenPushLink();
-    void RefreshPushSubscription();
     void SetLoginUserInfo();
     CLmNetWorkRequest* NewProfileRequest();
     void SetAccountButtonsEnabled(bool bEnabled);
     void OpenLoginDialog();
     void ShowNetworkFault();
-    void StartDetached(const QString& program, const QStringList& arguments, const QString& workingFolder);
-    void StartViewer(const QString& relativeProgram);
-    QString ParentOfApplicationDirectory() const;
+    void AskToSignIn();
 
 private Q_SLOTS:
     void slotBackToHome();
@@ -117,7 +116,7 @@ private:
     QThread m_threadUpload;
     QThread m_threadNetWork;
     QProcess m_process;
-    CLmNoFlyZoneUpgrade m_noFlyZoneUpgrade;
+    std::unique_ptr<CLmNoFlyZoneUpgrade> m_pNoFlyZoneUpgrade;
     QList<QPushButton*> m_listAppBtns;
     CLmLinkManager* m_pLinkManager = nullptr;
     CLmFlightDataDbOperator* m_pFlightDataDbOperator = nullptr;
@@ -129,9 +128,6 @@ private:
     bool m_bPressed = false;
     QPoint m_ptDragOffset;
     bool m_bFirstNetWorkAnswer = false;
-    CLmMessageBox* m_pFirmwareNoticeBox = nullptr;
-    QWebEngineView* m_pNewsView = nullptr;
-    CLmCheckUpdateRet* m_pCheckUpdateRet = nullptr;
-    CLmSureUpgrade* m_pSureUpgrade = nullptr;
-    CLmLinkProvide* m_pPushLink = nullptr;
+    CLmLauncher* m_pLauncher = nullptr;
+    CLmNoticeCenter* m_pNoticeCenter = nullptr;
 };

@@ -107,6 +107,8 @@ void tst_CLmCarrowmereMainWindow::pushNotifications_data()
                                     << QString();
     QTest::newRow("status 1 is ignored") << QByteArray(R"({"status":1,"action":"project_share"})") << false << false
                                          << QString();
+    QTest::newRow("status as text is ignored") << QByteArray(R"({"status":"0","action":"project_share"})") << false
+                                               << false << QString();
     QTest::newRow("status 2 is acted on") << QByteArray(R"({"status":2,"action":"pc_assign","message":"m"})") << true
                                           << false << QString();
     QTest::newRow("share message lights the envelope")
