@@ -60,6 +60,16 @@ QString CLmProjFilter::DateRange() const
     return m_strDateRange;
 }
 
+QDate CLmProjFilter::From() const
+{
+    return m_dateFrom;
+}
+
+QDate CLmProjFilter::To() const
+{
+    return m_dateTo;
+}
+
 bool CLmProjFilter::IsEmpty() const
 {
     return m_strName.isEmpty() && m_bAnyCity && !m_dateFrom.isValid();

@@ -30,6 +30,9 @@ public:
     QString Name() const;
     QString City() const;
     QString DateRange() const;
+    // The chosen days, both invalid while any day is accepted.
+    QDate From() const;
+    QDate To() const;
     // True when no part narrows the list.
     bool IsEmpty() const;
 

@@ -2,6 +2,7 @@
 
 #include "CLmCarrowmereProjMgrObj.h"
 #include "CLmCitySelectWidget.h"
+#include "CLmDateSelectWidget.h"
 #include "CLmMessageBox.h"
 #include "CLmProgressWgt.h"
 #include "CLmProjTransferTrees.h"
@@ -156,6 +157,7 @@ void CLmProjMgrWgt::ConnectBars()
     connect(ui.m_pBtnMoreSel, &QPushButton::toggled, ui.m_pLv3Btns, &QWidget::setVisible);
     connect(ui.m_pBtnClearLv3, &QPushButton::clicked, this, &CLmProjMgrWgt::slotBtnClearLv3Clicked);
     connect(ui.m_pBtnSearchCountry, &QPushButton::clicked, this, &CLmProjMgrWgt::slotBtnSearchCountryClicked);
+    connect(ui.m_pBtnDate, &QPushButton::clicked, this, &CLmProjMgrWgt::slotBtnDateClicked);
 }
 
 void CLmProjMgrWgt::ConnectController()
@@ -651,6 +653,21 @@ void CLmProjMgrWgt::slotBtnSearchCountryClicked()
     m_pCitySelect->ShowBelow(m_pUi->m_pBtnSearchCountry);
 }
 
+void CLmProjMgrWgt::slotBtnDateClicked()
+{
+    if (!m_pDateSelect) {
+        m_pDateSelect = new CLmDateSelectWidget(this);
+        connect(m_pDateSelect, &CLmDateSelectWidget::DateSelected, this, &CLmProjMgrWgt::slotDateSelected);
+        connect(m_pDateSelect, &CLmDateSelectWidget::WidgetClosed, this, &CLmProjMgrWgt::slotDateWidgetClosed);
+    }
+    const CLmProjFilter& filter = m_controller.Filter();
+    const QDate today = QDate::currentDate();
+    m_pDateSelect->SetRange(filter.From().isValid() ? filter.From() : today,
+                            filter.To().isValid() ? filter.To() : today);
+    SetArrow(m_pUi->m_pBtnDate, true);
+    m_pDateSelect->ShowBelow(m_pUi->m_pBtnDate);
+}
+
 void CLmProjMgrWgt::slotCitySelected(QString strCityName)
 {
     CLmProjFilter filter = m_controller.Filter();
@@ -674,6 +691,11 @@ void CLmProjMgrWgt::slotDateSelected(QString strDateString)
 void CLmProjMgrWgt::slotCityWidgetClosed()
 {
     SetArrow(m_pUi->m_pBtnSearchCountry, false);
+}
+
+void CLmProjMgrWgt::slotDateWidgetClosed()
+{
+    SetArrow(m_pUi->m_pBtnDate, false);
 }
 
 void CLmProjMgrWgt::SetArrow(QPushButton* button, bool open)

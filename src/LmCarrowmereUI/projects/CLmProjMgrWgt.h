@@ -16,6 +16,7 @@
 
 class CLmCarrowmereProjMgrObj;
 class CLmCitySelectWidget;
+class CLmDateSelectWidget;
 class CLmProgressWgt;
 class CLmProjetMgrDelegate;
 class CLmProjetMgrHeaderView;
@@ -89,9 +90,11 @@ public Q_SLOTS:
     void slotBtnSearchLv2Clicked();
     void slotBtnClearLv3Clicked();
     void slotBtnSearchCountryClicked();
+    void slotBtnDateClicked();
     void slotCitySelected(QString strCityName);
     void slotDateSelected(QString strDateString);
     void slotCityWidgetClosed();
+    void slotDateWidgetClosed();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -142,6 +145,7 @@ private:
     CLmProjTransferTrees* m_pTransferTrees = nullptr;
     QPointer<CLmProgressWgt> m_pProgress;
     CLmCitySelectWidget* m_pCitySelect = nullptr;
+    CLmDateSelectWidget* m_pDateSelect = nullptr;
 
     // Every row's item, in the tree or kept out of it by the filter.
     QHash<QString, CLmProjetMgrItem*> m_hashItems;
