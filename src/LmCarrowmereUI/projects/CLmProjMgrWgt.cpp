@@ -35,10 +35,13 @@ QStringList CityNames(const QVariant& cityNames)
     return cityNames.toStringList();
 }
 
-void SetColumnWidths(QTreeWidget* tree)
+// The first column's title sits left, the others centred, as their texts do.
+void SetUpColumns(QTreeWidget* tree)
 {
-    for (int column = 0; column < tree->columnCount(); ++column)
+    for (int column = 0; column < tree->columnCount(); ++column) {
         tree->setColumnWidth(column, ColumnWidths[column]);
+        tree->headerItem()->setTextAlignment(column, column == 0 ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
+    }
 }
 
 }  // namespace
@@ -73,15 +76,10 @@ void CLmProjMgrWgt::SetUpTrees()
     m_pUi->m_pTreeProject->setHeader(m_pHeader);
     m_pDelegate = new CLmProjetMgrDelegate(m_pUi->m_pTreeProject);
     m_pUi->m_pTreeProject->setItemDelegate(m_pDelegate);
-    QTreeWidgetItem* headerItem = m_pUi->m_pTreeProject->headerItem();
-    headerItem->setTextAlignment(CLmProjetMgrItem::ColumnProject, Qt::AlignLeft | Qt::AlignVCenter);
-    headerItem->setTextAlignment(CLmProjetMgrItem::ColumnFlightLog, Qt::AlignCenter);
-    headerItem->setTextAlignment(CLmProjetMgrItem::ColumnCreateTime, Qt::AlignCenter);
     m_pUi->m_pTreeProject->sortByColumn(CLmProjetMgrItem::ColumnProject, Qt::AscendingOrder);
-
     for (QTreeWidget* tree : {m_pUi->m_pTreeProject, m_pUi->m_pTreeUploading, m_pUi->m_pTreeDownloading,
                               m_pUi->m_pTreeFinished, m_pUi->m_pTreeAssigned})
-        SetColumnWidths(tree);
+        SetUpColumns(tree);
     m_pTransferTrees = new CLmProjTransferTrees(&m_controller, m_pUi->m_pTreeUploading, m_pUi->m_pTreeDownloading,
                                                 m_pUi->m_pTreeFinished, this);
     connect(m_pTransferTrees, &CLmProjTransferTrees::OpenFolderRequested, this, &CLmProjMgrWgt::OpenProjectFolder);
@@ -438,7 +436,7 @@ void CLmProjMgrWgt::UpdateProjectCount()
 
 void CLmProjMgrWgt::slotStorageSizeReady(qint64 bytes)
 {
-    m_pUi->m_pLabelStorage->setText(locale().formattedDataSize(bytes));
+    m_pUi->m_pLabelStorage->setText(locale().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat));
 }
 
 // ---- checking --------------------------------------------------------------------

@@ -39,6 +39,7 @@ void CLmProjTransferTrees::slotTransferChanged(CLmProjMgrController::ETransferLi
     item->setText(ColumnProgress, transfer.strProgress);
     item->setText(ColumnState, transfer.strState);
     item->setTextAlignment(ColumnProgress, Qt::AlignCenter);
+    item->setTextAlignment(ColumnState, Qt::AlignCenter);
     if (transfer.bFinished)
         AddOpenButton(item, transfer.strPath);
     else
@@ -63,7 +64,9 @@ void CLmProjTransferTrees::AddOpenButton(QTreeWidgetItem* item, const QString& p
     auto* cell = new QWidget;
     auto* layout = new QHBoxLayout(cell);
     layout->setContentsMargins(4, 0, 8, 0);
-    layout->addWidget(new QLabel(item->text(ColumnState), cell), 1);
+    auto* state = new QLabel(item->text(ColumnState), cell);
+    state->setAlignment(Qt::AlignCenter);
+    layout->addWidget(state, 1);
     auto* open = new QPushButton(tr("Open"), cell);
     open->setObjectName(QStringLiteral("m_pBtnOpenFinished"));
     open->setCursor(Qt::PointingHandCursor);
