@@ -3,12 +3,12 @@
 // as the page's tree has it), one name filter over a full list, and the
 // longest stall of the GUI thread while the page's first synchronisation of
 // a large store runs against skycloud.
+#include "BenchStore.h"
 #include "CLmCarrowmereProjMgrObj.h"
 #include "CLmControl.h"
 #include "CLmDeployConfig.h"
 #include "CLmProgressWgt.h"
 #include "CLmProjMgrWgt.h"
-#include "CLmProjectGenerator.h"
 #include "CLmSessionStore.h"
 #include "LmProjectConstants.h"
 
@@ -104,7 +104,8 @@ double PageFillMs(CLmProjMgrWgt& page, CLmCarrowmereProjMgrObj& emitter, const Q
         for (const SProjInfor& row : rows)
             Q_EMIT emitter.LocalProjInfor(row);
     });
-    if (!SpinUntil([tree] { return tree->topLevelItemCount() == FillRows; }))
+    // Drawn means all rows in the list, sorted.
+    if (!SpinUntil([tree] { return tree->topLevelItemCount() == FillRows && tree->isSortingEnabled(); }))
         return -1;
     tree->viewport()->repaint();
     return timer.nsecsElapsed() / 1e6;
@@ -156,25 +157,6 @@ bool SignIn(const QByteArray& baseUrl)
     return !user.strToken.isEmpty();
 }
 
-bool GenerateStore(const QString& root)
-{
-    for (int i = 0; i < SyncProjects; ++i) {
-        CLmProjectGenerator::SOptions options;
-        options.strProjID = QStringLiteral("stall-%1").arg(i);
-        options.strProjName = QStringLiteral("Stall %1").arg(i, 5, 10, QLatin1Char('0'));
-        options.strUserID = QStringLiteral("1");
-        options.updatedAt = BaseTime.addSecs(i * 60);
-        options.iMissions = 10;
-        options.iFlownMissions = 6;
-        options.iLogRowsPerFlight = 5;
-        options.dHomeLat = 20.0 + (i % 40);
-        options.dHomeLng = 80.0 + (i % 50);
-        if (CLmProjectGenerator::WriteProject(root + QLatin1Char('/') + options.strProjName, options).isEmpty())
-            return false;
-    }
-    return true;
-}
-
 // Longest gap between the ticks of a 1 ms timer on the GUI thread while a
 // new page reads the store and the cloud's list for the first time.
 double SyncStallMs()
@@ -192,7 +174,7 @@ double SyncStallMs()
     CLmControl::GetInstance()->SetNetWorkState(true);
     const QString root = CLmControl::GetInstance()->GetProjectDirPath();
     QDir(root).removeRecursively();
-    if (!SignIn(baseUrl) || !GenerateStore(CLmControl::GetInstance()->GetProjectDirPath())) {
+    if (!SignIn(baseUrl) || !BenchStore::GenerateProjects(root, SyncProjects)) {
         std::fprintf(stderr, "project_page_bench: cannot sign in or generate the store\n");
         return -1;
     }
@@ -230,10 +212,7 @@ double SyncStallMs()
 int main(int argc, char* argv[])
 {
     QTemporaryDir home;
-    qputenv("HOME", QFile::encodeName(home.path()));
-    qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
-    qputenv("XDG_CACHE_HOME", QFile::encodeName(home.filePath(QStringLiteral("cache"))));
+    BenchStore::UseHome(home);
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);

@@ -52,9 +52,12 @@ CLmProjMgrWgt::CLmProjMgrWgt(QWidget* parent)
 {
     m_pUi->setupUi(this);
     SetUpTrees();
-    m_flushTimer.setSingleShot(true);
-    m_flushTimer.setInterval(0);
+    for (QTimer* timer : {&m_flushTimer, &m_sortTimer}) {
+        timer->setSingleShot(true);
+        timer->setInterval(0);
+    }
     connect(&m_flushTimer, &QTimer::timeout, this, &CLmProjMgrWgt::slotFlushPendingRows);
+    connect(&m_sortTimer, &QTimer::timeout, this, &CLmProjMgrWgt::slotSortRows);
     ConnectRows();
     ConnectBars();
     ConnectController();
@@ -181,7 +184,6 @@ void CLmProjMgrWgt::Reset()
     m_pUi->m_pEditSearchLv2->clear();
     slotBtnClearLv3Clicked();
     UpdateProjectCount();
-    m_pUi->m_pLabelStorage->setText(QStringLiteral("-"));
 }
 
 void CLmProjMgrWgt::showEvent(QShowEvent* event)
@@ -250,8 +252,10 @@ void CLmProjMgrWgt::slotSynchProMsg(ESynchProMsgType type, QString strMsg)
     m_bReading = type != SynchProMsgListFinished && type != SynchProMsgListError;
     if (type == SynchProMsgStart || type == SynchProMsgListStart)
         m_controller.ForgetWaitingTransfers();
-    if (!m_bReading)
+    if (!m_bReading) {
         slotFlushPendingRows();
+        slotSortRows();
+    }
     if (type == SynchProMsgListFinished) {
         if (m_pProgress)
             m_pProgress->close();
@@ -274,6 +278,7 @@ void CLmProjMgrWgt::slotSynchProMsg(ESynchProMsgType type, QString strMsg)
     case SynchProMsgListError:
         progress->SetCurrentText(strMsg);
         progress->VisibleBtnRetry(true);
+        // Nothing more will come: the user may also leave it at that.
         progress->VisibleBtnClose(true);
         break;
     case SynchProMsgListStart:
@@ -313,8 +318,8 @@ void CLmProjMgrWgt::slotRowAdded(QString strProjID)
 }
 
 // Rows reported one by one across the thread are added in one go: a tree
-// that lays out once per batch, and sorts once per read, fills many times
-// faster. Rows the filter hides stay out of the tree.
+// that lays out once per batch, and sorts once when the rows stop coming,
+// fills many times faster. Rows the filter hides stay out of the tree.
 void CLmProjMgrWgt::slotFlushPendingRows()
 {
     QTreeWidget* tree = m_pUi->m_pTreeProject;
@@ -324,10 +329,10 @@ void CLmProjMgrWgt::slotFlushPendingRows()
     m_hashItems.reserve(m_hashItems.size() + m_listPendingRows.size());
     for (const QString& id : qAsConst(m_listPendingRows)) {
         const CLmProjMgrController::SRow* row = m_controller.FindRow(id);
-        CLmProjetMgrItem*& item = m_hashItems[id];
-        if (item || !row)
+        if (!row || m_hashItems.contains(id))
             continue;
-        item = NewItem(*row);
+        CLmProjetMgrItem* item = NewItem(*row);
+        m_hashItems.insert(id, item);
         if (m_controller.IsVisible(*row))
             shown.append(item);
     }
@@ -336,12 +341,19 @@ void CLmProjMgrWgt::slotFlushPendingRows()
         tree->setSortingEnabled(false);
         tree->addTopLevelItems(shown);
     }
-    // While the engine reads, more rows follow: the read's end sorts them all.
-    if (tree->isSortingEnabled() == m_bReading)
-        tree->setSortingEnabled(!m_bReading);
     tree->setUpdatesEnabled(true);
     UpdateProjectCount();
     UpdateHeaderCheckState();
+    m_sortTimer.start();
+}
+
+// Runs once the event loop has no more rows to hand over. While the engine
+// reads, more rows follow: the read's end sorts them all.
+void CLmProjMgrWgt::slotSortRows()
+{
+    QTreeWidget* tree = m_pUi->m_pTreeProject;
+    if (m_listPendingRows.isEmpty() && !m_bReading && !tree->isSortingEnabled())
+        tree->setSortingEnabled(true);
 }
 
 CLmProjetMgrItem* CLmProjMgrWgt::NewItem(const CLmProjMgrController::SRow& row)

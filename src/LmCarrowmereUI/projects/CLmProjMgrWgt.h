@@ -109,6 +109,7 @@ private Q_SLOTS:
     void slotRowDownloadFailed(QString strProjID);
     void slotStorageSizeReady(qint64 bytes);
     void slotFlushPendingRows();
+    void slotSortRows();
 
 private:
     void SetUpTrees();
@@ -151,6 +152,7 @@ private:
     QHash<QString, CLmProjetMgrItem*> m_hashItems;
     QStringList m_listPendingRows;
     QTimer m_flushTimer;
+    QTimer m_sortTimer;
     // A list read is under way: showing the page does not ask for another,
     // and rows wait for its end to be sorted.
     bool m_bReading = true;

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void typingInTheSearchLineNarrows();
     void deleteOneAsksAndRemovesInTheCloudAndLocally();
     void deleteWhileOfflineSaysSo();
+    void failedRowDownloadOffersRetry();
 
 private:
     QMap<QString, SCloudProject> CloudProjects() const;
@@ -214,6 +215,30 @@ void tst_CLmProjMgrWgt::deleteWhileOfflineSaysSo()
     QVERIFY(RowNamed("Riverside Farm"));
     QVERIFY(QFileInfo::exists(ProjectRoot() + "/Riverside Farm"));
     QCOMPARE(CloudProjects().size(), 3);
+}
+
+void tst_CLmProjMgrWgt::failedRowDownloadOffersRetry()
+{
+    // Another computer removed the project from the cloud meanwhile.
+    const QString id = CloudIdOf("Harbour Survey");
+    m_cloud->Call("/project/remove", "id=" + id.toLatin1(), m_token);
+
+    QString first;
+    ModalAnswer::PressWhenShown("m_pBtnOk", &first, 10000, "CLmMessageBox", this);
+    ClickRowButton(RowNamed("Harbour Survey"), LmProjRowLayout::ButtonDownload);
+    QTRY_VERIFY_WITH_TIMEOUT(!first.isEmpty(), 10000);
+    QVERIFY2(first.startsWith("Download project file failed.Press cancel to use project on sever,press retry to "
+                              "download project again."),
+             qPrintable(first));
+
+    // Retry asks the cloud again and, failing again, asks again.
+    QString second;
+    ModalAnswer::PressWhenShown("m_pBtnCancel", &second, 10000, "CLmMessageBox", this);
+    QTRY_COMPARE_WITH_TIMEOUT(second, first, 10000);
+    QVERIFY(RowNamed("Harbour Survey"));
+    const auto* finished = m_page->findChild<QTreeWidget*>("m_pTreeFinished");
+    QCOMPARE(finished->topLevelItemCount(), 1);
+    QCOMPARE(finished->topLevelItem(0)->text(2), QStringLiteral("Download Failed"));
 }
 
 QTEST_MAIN(tst_CLmProjMgrWgt)
