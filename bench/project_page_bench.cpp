@@ -34,7 +34,7 @@ namespace {
 
 constexpr int FillRows = 10000;
 constexpr int SyncProjects = 2000;
-constexpr int Rounds = 5;
+constexpr int Rounds = 7;
 
 const QDateTime BaseTime = QDateTime(QDate(2026, 1, 1), QTime(8, 0));
 

@@ -341,7 +341,9 @@ void CLmProjMgrWgt::slotFlushPendingRows()
         tree->setSortingEnabled(false);
         tree->addTopLevelItems(shown);
     }
-    tree->setUpdatesEnabled(true);
+    // Rows a read keeps sending show at once; others are drawn when sorted.
+    if (m_bReading)
+        tree->setUpdatesEnabled(true);
     UpdateProjectCount();
     UpdateHeaderCheckState();
     m_sortTimer.start();
@@ -352,8 +354,11 @@ void CLmProjMgrWgt::slotFlushPendingRows()
 void CLmProjMgrWgt::slotSortRows()
 {
     QTreeWidget* tree = m_pUi->m_pTreeProject;
-    if (m_listPendingRows.isEmpty() && !m_bReading && !tree->isSortingEnabled())
+    if (!m_listPendingRows.isEmpty())
+        return;
+    if (!m_bReading && !tree->isSortingEnabled())
         tree->setSortingEnabled(true);
+    tree->setUpdatesEnabled(true);
 }
 
 CLmProjetMgrItem* CLmProjMgrWgt::NewItem(const CLmProjMgrController::SRow& row)

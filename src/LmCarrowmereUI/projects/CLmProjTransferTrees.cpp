@@ -17,6 +17,9 @@ CLmProjTransferTrees::CLmProjTransferTrees(const CLmProjMgrController* pControll
     , m_pController(pController)
     , m_pTrees{pUploading, pDownloading, pFinished}
 {
+    m_showTimer.setSingleShot(true);
+    m_showTimer.setInterval(0);
+    connect(&m_showTimer, &QTimer::timeout, this, &CLmProjTransferTrees::slotShowChanges);
     connect(pController, &CLmProjMgrController::TransferChanged, this,
             &CLmProjTransferTrees::slotTransferChanged);
     connect(pController, &CLmProjMgrController::TransferRemoved, this,
@@ -25,46 +28,79 @@ CLmProjTransferTrees::CLmProjTransferTrees(const CLmProjMgrController* pControll
 
 void CLmProjTransferTrees::Clear()
 {
-    for (int list = 0; list <= CLmProjMgrController::FinishedList; ++list) {
+    for (int list = 0; list < ListCount; ++list) {
         m_pTrees[list]->clear();
         m_hashItems[list].clear();
+        m_listChanged[list].clear();
+        m_setChanged[list].clear();
     }
 }
 
 void CLmProjTransferTrees::slotTransferChanged(CLmProjMgrController::ETransferList list, QString strProjID)
 {
-    const CLmProjMgrController::STransfer transfer = m_pController->Transfer(list, strProjID);
-    QTreeWidgetItem* item = ItemFor(list, strProjID);
-    item->setText(ColumnName, transfer.strName);
-    item->setText(ColumnProgress, transfer.strProgress);
-    item->setText(ColumnState, transfer.strState);
-    item->setTextAlignment(ColumnProgress, Qt::AlignCenter);
-    item->setTextAlignment(ColumnState, Qt::AlignCenter);
-    if (transfer.bFinished)
-        AddOpenButton(item, transfer.strPath);
-    else
-        m_pTrees[list]->removeItemWidget(item, ColumnState);
+    if (m_setChanged[list].contains(strProjID))
+        return;
+    m_setChanged[list].insert(strProjID);
+    m_listChanged[list].append(strProjID);
+    m_showTimer.start();
 }
 
 void CLmProjTransferTrees::slotTransferRemoved(CLmProjMgrController::ETransferList list, QString strProjID)
 {
+    if (m_setChanged[list].remove(strProjID))
+        m_listChanged[list].removeOne(strProjID);
     delete m_hashItems[list].take(strProjID);
 }
 
-QTreeWidgetItem* CLmProjTransferTrees::ItemFor(CLmProjMgrController::ETransferList list, const QString& projId)
+void CLmProjTransferTrees::slotShowChanges()
 {
-    QTreeWidgetItem*& item = m_hashItems[list][projId];
-    if (!item)
-        item = new QTreeWidgetItem(m_pTrees[list]);
-    return item;
+    for (int list = 0; list < ListCount; ++list)
+        ShowChanges(static_cast<CLmProjMgrController::ETransferList>(list));
 }
 
+void CLmProjTransferTrees::ShowChanges(CLmProjMgrController::ETransferList list)
+{
+    QTreeWidget* tree = m_pTrees[list];
+    QList<QTreeWidgetItem*> added;
+    QVector<QPair<QTreeWidgetItem*, QString>> finished;  // item, project file
+    for (const QString& id : qAsConst(m_listChanged[list])) {
+        const CLmProjMgrController::STransfer transfer = m_pController->Transfer(list, id);
+        QTreeWidgetItem*& item = m_hashItems[list][id];
+        if (!item) {
+            item = new QTreeWidgetItem;
+            added.append(item);
+        } else if (!transfer.bFinished) {
+            tree->removeItemWidget(item, ColumnState);
+        }
+        ShowTransfer(item, transfer);
+        if (transfer.bFinished)
+            finished.append({item, transfer.strPath});
+    }
+    m_listChanged[list].clear();
+    m_setChanged[list].clear();
+    tree->addTopLevelItems(added);
+    for (const auto& row : qAsConst(finished))
+        AddOpenButton(row.first, row.second);
+}
+
+void CLmProjTransferTrees::ShowTransfer(QTreeWidgetItem* item, const CLmProjMgrController::STransfer& transfer)
+{
+    item->setText(ColumnName, transfer.strName);
+    item->setText(ColumnProgress, transfer.strProgress);
+    item->setText(ColumnState, transfer.bFinished ? QString() : transfer.strState);
+    item->setData(ColumnState, Qt::ToolTipRole, transfer.strState);
+    item->setTextAlignment(ColumnProgress, Qt::AlignCenter);
+    item->setTextAlignment(ColumnState, Qt::AlignCenter);
+}
+
+// The state and the button share the cell; the item's own state text stays
+// empty so that it does not shine through.
 void CLmProjTransferTrees::AddOpenButton(QTreeWidgetItem* item, const QString& projectFilePath)
 {
     auto* cell = new QWidget;
     auto* layout = new QHBoxLayout(cell);
     layout->setContentsMargins(4, 0, 8, 0);
-    auto* state = new QLabel(item->text(ColumnState), cell);
+    auto* state = new QLabel(item->data(ColumnState, Qt::ToolTipRole).toString(), cell);
     state->setAlignment(Qt::AlignCenter);
     layout->addWidget(state, 1);
     auto* open = new QPushButton(tr("Open"), cell);
@@ -72,7 +108,5 @@ void CLmProjTransferTrees::AddOpenButton(QTreeWidgetItem* item, const QString& p
     open->setCursor(Qt::PointingHandCursor);
     layout->addWidget(open);
     connect(open, &QPushButton::clicked, this, [this, projectFilePath]() { Q_EMIT OpenFolderRequested(projectFilePath); });
-    // The label shows the state; the item's own text would shine through.
-    item->setText(ColumnState, QString());
     item->treeWidget()->setItemWidget(item, ColumnState, cell);
 }

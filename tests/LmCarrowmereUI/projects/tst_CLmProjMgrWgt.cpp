@@ -237,7 +237,7 @@ void tst_CLmProjMgrWgt::failedRowDownloadOffersRetry()
     QTRY_COMPARE_WITH_TIMEOUT(second, first, 10000);
     QVERIFY(RowNamed("Harbour Survey"));
     const auto* finished = m_page->findChild<QTreeWidget*>("m_pTreeFinished");
-    QCOMPARE(finished->topLevelItemCount(), 1);
+    QTRY_COMPARE(finished->topLevelItemCount(), 1);
     QCOMPARE(finished->topLevelItem(0)->text(2), QStringLiteral("Download Failed"));
 }
 
