@@ -1,10 +1,10 @@
 // Figures of the project synchronisation: the local scan against the cost of
 // merely opening the same databases, and the classification of large lists.
+#include "BenchStore.h"
 #include "CLmCarrowmereProjMgrObj.h"
 #include "CLmControl.h"
 #include "CLmLocalProjectCache.h"
 #include "CLmProjClassifier.h"
-#include "CLmProjectGenerator.h"
 #include "CLmSessionStore.h"
 #include "LmConstants.h"
 #include "LmProjectConstants.h"
@@ -32,26 +32,6 @@ constexpr int ClassifiedProjects = 10000;
 QString TimeText(const QDateTime& time)
 {
     return time.toString(QLatin1String(DateTimeSFormat));
-}
-
-bool GenerateProjects(const QString& root)
-{
-    const QDateTime base = QDateTime::fromString(QStringLiteral("2026-01-01 08:00:00"), QLatin1String(DateTimeSFormat));
-    for (int i = 0; i < ScanProjects; ++i) {
-        CLmProjectGenerator::SOptions options;
-        options.strProjID = QStringLiteral("bench-%1").arg(i);
-        options.strProjName = QStringLiteral("Bench %1").arg(i, 5, 10, QLatin1Char('0'));
-        options.strUserID = QStringLiteral("1");
-        options.updatedAt = base.addSecs(i * 60);
-        options.iMissions = MissionsPerProject;
-        options.iFlownMissions = 6;
-        options.iLogRowsPerFlight = 5;
-        options.dHomeLat = 20.0 + (i % 40);
-        options.dHomeLng = 80.0 + (i % 50);
-        if (CLmProjectGenerator::WriteProject(root + QLatin1Char('/') + options.strProjName, options).isEmpty())
-            return false;
-    }
-    return true;
 }
 
 QStringList ProjectFiles(const QString& root)
@@ -160,10 +140,7 @@ int main(int argc, char* argv[])
 {
     // Everything the engine touches lives in a throw-away home.
     QTemporaryDir home;
-    qputenv("HOME", QFile::encodeName(home.path()));
-    qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
-    qputenv("XDG_CACHE_HOME", QFile::encodeName(home.filePath(QStringLiteral("cache"))));
+    BenchStore::UseHome(home);
     QCoreApplication app(argc, argv);
     {
         // Pilot 1 owns the generated projects; no token keeps the cloud out.
@@ -173,7 +150,7 @@ int main(int argc, char* argv[])
     }
 
     const QString root = CLmControl::GetInstance()->GetProjectDirPath();
-    if (!GenerateProjects(root)) {
+    if (!BenchStore::GenerateProjects(root, ScanProjects)) {
         std::fprintf(stderr, "project_synch_bench: cannot generate projects\n");
         return 1;
     }

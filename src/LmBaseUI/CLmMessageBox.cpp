@@ -77,6 +77,11 @@ void CLmMessageBox::SetBtnHidden(bool bHideOk, bool bHideCancel, bool bHideClose
     CloseButton()->setHidden(bHideClose);
 }
 
+void CLmMessageBox::SetOkText(const QString& text)
+{
+    m_pBtnOk->setText(text);
+}
+
 QString CLmMessageBox::Text() const
 {
     return m_pLabelText->text();

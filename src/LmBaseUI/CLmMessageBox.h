@@ -19,6 +19,8 @@ public:
                   EMsgButtons buttons = BtnOkCancel, QWidget* parent = nullptr);
 
     void SetBtnHidden(bool bHideOk, bool bHideCancel, bool bHideClose);
+    // Names the affirmative button after what it does ("Retry", say).
+    void SetOkText(const QString& text);
     QString Text() const;
 
 private:

@@ -319,6 +319,46 @@ void ChevronGlyph(QPainter& p, const QColor& color, bool pointsDown)
     StrokePolyline(p, color, 8, {{14, base}, {32, tip}, {50, base}});
 }
 
+void PersonGlyph(QPainter& p, const QColor&)
+{
+    Dot(p, Palette::White, QPointF(27, 22), 8);
+    QPainterPath body;
+    body.moveTo(11, 50);
+    body.cubicTo(11, 36, 18, 33, 27, 33);
+    body.cubicTo(36, 33, 43, 36, 43, 50);
+    body.closeSubpath();
+    p.setPen(Qt::NoPen);
+    p.setBrush(Palette::White);
+    p.drawPath(body);
+    StrokePolyline(p, Palette::White, 4, {{40, 27}, {45, 32}, {54, 21}});
+}
+
+void TransferGlyph(QPainter& p, const QColor&)
+{
+    p.setPen(Stroke(Palette::White, 4.5));
+    p.drawLine(QPointF(24, 50), QPointF(24, 16));
+    StrokePolyline(p, Palette::White, 4.5, {{15, 25}, {24, 15}, {33, 25}});
+    p.drawLine(QPointF(40, 14), QPointF(40, 48));
+    StrokePolyline(p, Palette::White, 4.5, {{31, 39}, {40, 49}, {49, 39}});
+}
+
+void HomeGlyph(QPainter& p, const QColor&)
+{
+    StrokePolyline(p, Palette::White, 4.5, {{12, 32}, {32, 14}, {52, 32}});
+    StrokePolyline(p, Palette::White, 4.5, {{18, 28}, {18, 50}, {46, 50}, {46, 28}});
+    p.setPen(Qt::NoPen);
+    p.setBrush(Palette::White);
+    p.drawRoundedRect(QRectF(27, 36, 10, 14), 2, 2);
+}
+
+void WhiteShareGlyph(QPainter& p, const QColor&)
+{
+    p.translate(32, 32);
+    p.scale(0.8, 0.8);
+    p.translate(-32, -32);
+    ShareGlyph(p, Palette::White);
+}
+
 // ---- whole icons ------------------------------------------------------------
 
 Painting Launcher(const QColor& tile, void (*glyph)(QPainter&, const QColor&))
@@ -580,6 +620,11 @@ std::vector<SIcon> Icons()
         {projMgr + "back_btn_nor.png", 24, BackArrow},
         {projMgr + "details_downloaded.png", 64, Launcher(Palette::Green, DownloadedGlyph)},
     };
+    // Side bar of the project manager, tiles like the launcher's.
+    icons.push_back({projMgr + "side_share_ic.png", 32, Launcher(Palette::Blue, WhiteShareGlyph)});
+    icons.push_back({projMgr + "side_assigned_ic.png", 32, Launcher(Palette::Teal, PersonGlyph)});
+    icons.push_back({projMgr + "side_translist_ic.png", 32, Launcher(Palette::Indigo, TransferGlyph)});
+    icons.push_back({projMgr + "side_home_ic.png", 32, Launcher(Palette::Slate, HomeGlyph)});
     AddRowButton(icons, projMgr + "share1_btn", ShareGlyph, Palette::Blue);
     AddRowButton(icons, projMgr + "delete1_btn", BinGlyph, Palette::Red);
     AddRowButton(icons, projMgr + "cloud_Download1_btn", CloudDownloadGlyph, Palette::Blue);
