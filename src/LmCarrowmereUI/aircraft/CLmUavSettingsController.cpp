@@ -77,7 +77,9 @@ void CLmUavSettingsController::slotTimeOutRev(int count, int index, QString name
 {
     Q_UNUSED(count)
     Q_UNUSED(index)
-    if (name == kGcsTimeout)
+    // While a write is on its way the value typed stays: the answer is
+    // judged against it.
+    if (name == kGcsTimeout && !m_setPendingWrites.contains(kGcsTimeout))
         Q_EMIT ProtectionTimeRead(value.toInt());
 }
 
