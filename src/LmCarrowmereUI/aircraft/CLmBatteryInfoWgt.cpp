@@ -4,6 +4,7 @@
 #include "LmBatteryCell.h"
 #include "ui_CLmBatteryInfoWgt.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -59,6 +60,12 @@ void CLmBatteryInfoWgt::ShowCell(int cell, int milliVolts)
     QProgressBar* bar = m_arrCellBars[cell];
     bar->setValue(LmBatteryCell::BarValue(milliVolts));
     bar->setStyleSheet(LmBatteryCell::BarStyle(milliVolts));
+    // The style's chunk rule names no colour the style sheet engine reads, so
+    // the band's colour reaches the chunk through the palette.
+    QPalette palette = bar->palette();
+    const QColor colour = LmBatteryCell::ChunkColour(milliVolts);
+    palette.setColor(QPalette::Highlight, colour.isValid() ? colour : QApplication::palette(bar).color(QPalette::Highlight));
+    bar->setPalette(palette);
     m_arrCellLabels[cell]->setText(LmBatteryCell::VoltageText(milliVolts));
 }
 

@@ -28,6 +28,7 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     , m_pUavSettings(new CLmUavSettings)
 {
     m_pUi->setupUi(this);
+    setAttribute(Qt::WA_StyledBackground);
     m_pUi->m_pBtnPlaneStatus->SetTipMargin(5, 5);
     m_pUi->m_pBtnPlaneStatus->SetTipSize(QSize(8, 8));
     m_pUi->m_pLabelPendingRequest->setVisible(false);

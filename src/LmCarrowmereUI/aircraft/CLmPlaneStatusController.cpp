@@ -180,13 +180,21 @@ void CLmPlaneStatusController::slotMultirotorBatteryInfo(QStringList info)
         StartBatteryRequest(*m_pBatteryDataAck);
     for (int k = 0; k < info.size() / kBatteryInfoFields; ++k) {
         const QStringList fields = BatteryFields(info, k, kBatteryInfoFields);
-        auto* pBattery = new CLmBattery;
+        CLmBattery* pBattery = StreamedBattery(k);
         pBattery->SetTotalVoltage(Number(fields.at(0)));
         pBattery->SetCurrent(Number(fields.at(1)));
         pBattery->SetTemperature(static_cast<int>(Number(fields.at(2)) / 100.0));
         pBattery->SetCapacityRemainingPercent(Number(fields.at(3)));
-        m_batteryGroup.AddBattery(k, pBattery);
     }
+}
+
+// The stream's figures arrive every second; a battery already known keeps
+// the capacity, identity and cells its answers gave it.
+CLmBattery* CLmPlaneStatusController::StreamedBattery(int index)
+{
+    if (!m_batteryGroup.GetBattery(index))
+        m_batteryGroup.AddBattery(index, new CLmBattery);
+    return m_batteryGroup.GetBattery(index);
 }
 
 void CLmPlaneStatusController::slotBatteryData(QStringList data)

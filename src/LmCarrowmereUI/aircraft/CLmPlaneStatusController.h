@@ -80,6 +80,7 @@ private:
     void BlankFixwing();
     void BlankMultirotor();
     void StartBatteryRequest(CLMAckBase& ack);
+    CLmBattery* StreamedBattery(int index);
     void ReadFailureTexts();
 
     QPointer<CLmUasProvide> m_pUas;
