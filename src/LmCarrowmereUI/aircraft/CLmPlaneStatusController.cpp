@@ -126,11 +126,6 @@ void CLmPlaneStatusController::OpenParachuteCover()
         m_pUas->SendCommandLong(kParachuteCommand, 0, 1.0f, 0, 0, 0, 0, 0, 0, kParachuteTargetComponent);
 }
 
-bool CLmPlaneStatusController::IsWaitingForBatteryData() const
-{
-    return m_pBatteryDataAck->IsWaiting();
-}
-
 bool CLmPlaneStatusController::IsWaitingForCellVoltages() const
 {
     return m_pCellVoltageAck->IsWaiting();

@@ -43,8 +43,7 @@ public:
     void OpenParachuteCover();
 
     const CLmBatteryGroup& BatteryGroup() const { return m_batteryGroup; }
-    int ParachuteOpenCount() const { return m_iParachuteOpenCount; }
-    bool IsWaitingForBatteryData() const;
+    // The last link of the battery request chain is waiting for its answer.
     bool IsWaitingForCellVoltages() const;
 
 public Q_SLOTS:

@@ -36,7 +36,6 @@ public:
     // The aircraft from the maintenance page, null when it went away.
     void SetUas(CLmUasProvide* pUas);
     CLmUasProvide* Uas() const;
-    bool ShowsParameterTable() const { return m_bParameterTable; }
     bool IsWaitingForConfirmation() const { return !m_setPendingWrites.isEmpty(); }
 
     // False, and nothing is written, below MinProtectionTimeS or without an
