@@ -19,6 +19,11 @@ QString MaintenanceKey()
     return QLatin1String(ApplicationGroupName) + QLatin1Char('/') + QLatin1String(ApplicationMaintenance);
 }
 
+QString PlaneInfoKey(const char* key)
+{
+    return QLatin1String(PlaneInfoGroupName) + QLatin1Char('/') + QLatin1String(key);
+}
+
 }  // namespace
 
 CLmSessionStore::CLmSessionStore()
@@ -84,6 +89,16 @@ void CLmSessionStore::RememberSharedAccount(const QString& account)
         return;
     accounts.append(account);
     SetSessionValue(UserInfoSharedAccounts, accounts.join(QLatin1Char(',')));
+}
+
+QString CLmSessionStore::GroundRadioVersion() const
+{
+    return m_settings.value(PlaneInfoKey(PlaneInfoRadioVersion)).toString();
+}
+
+QString CLmSessionStore::GroundRadioSerial() const
+{
+    return m_settings.value(PlaneInfoKey(PlaneInfoRadioSerial)).toString();
 }
 
 bool CLmSessionStore::IsMaintenanceDone() const

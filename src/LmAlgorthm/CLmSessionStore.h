@@ -28,6 +28,11 @@ inline constexpr char UserInfoSharedAccounts[] = "SharedAccounts";
 inline constexpr char ApplicationGroupName[] = "Application";
 inline constexpr char ApplicationMaintenance[] = "maintenance";
 
+// The ground radio's identity, written by the radio set-up.
+inline constexpr char PlaneInfoGroupName[] = "Plane Information";
+inline constexpr char PlaneInfoRadioVersion[] = "Radio_LM_Version";
+inline constexpr char PlaneInfoRadioSerial[] = "Radio_SN_Version";
+
 // The one owner of the user-scope settings file: the account session and the
 // application flags kept beside it. Pages and platform libraries read and
 // write them only through this class, never through QSettings of their own.
@@ -53,6 +58,10 @@ public:
     QStringList SharedAccounts() const;
     // Adds account to SharedAccounts unless it is there already.
     void RememberSharedAccount(const QString& account);
+
+    // Empty until the radio set-up stored them.
+    QString GroundRadioVersion() const;
+    QString GroundRadioSerial() const;
 
     bool IsMaintenanceDone() const;
     void SetMaintenanceDone();

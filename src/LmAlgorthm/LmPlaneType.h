@@ -7,6 +7,8 @@
 enum EPlaneType {
     ePlaneTypeUnknown = 0,
     ePlaneTypeFixwing = 1,
+    // 6 is the multirotor: the model whose full parameter table the aircraft
+    // settings offer on a test server.
     ePlaneTypeMultirotor = 6,
 };
 

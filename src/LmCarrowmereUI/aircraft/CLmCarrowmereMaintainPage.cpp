@@ -1,10 +1,16 @@
 #include "CLmCarrowmereMaintainPage.h"
 
+#include "CLmPlaneStatus.h"
+#include "CLmUavSettings.h"
 #include "ui_CLmCarrowmereMaintainPage.h"
 
+#include <QButtonGroup>
 #include <QFileInfo>
+#include <QScrollArea>
 
 namespace {
+
+constexpr int kOverviewSection = 0;
 
 // One line for a plane information list as the aircraft sent it.
 QString PlaneInfoText(const QStringList& info, const QString& kind)
@@ -17,12 +23,22 @@ QString PlaneInfoText(const QStringList& info, const QString& kind)
 CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     : QWidget(parent)
     , m_pUi(std::make_unique<Ui::CLmCarrowmereMaintainPage>())
+    , m_pSectionEntries(new QButtonGroup(this))
+    , m_pPlaneStatus(new CLmPlaneStatus)
+    , m_pUavSettings(new CLmUavSettings)
 {
     m_pUi->setupUi(this);
+    setAttribute(Qt::WA_StyledBackground);
     m_pUi->m_pBtnPlaneStatus->SetTipMargin(5, 5);
     m_pUi->m_pBtnPlaneStatus->SetTipSize(QSize(8, 8));
     m_pUi->m_pLabelPendingRequest->setVisible(false);
     connect(m_pUi->m_pBtnBackHome, &QPushButton::clicked, this, &CLmCarrowmereMaintainPage::BackToHome);
+    m_pSectionEntries->addButton(m_pUi->m_pBtnOverview, kOverviewSection);
+    // Flight logs, base station and data download join the list the same way.
+    AddSection(m_pUi->m_pBtnPlaneStatus, m_pPlaneStatus);
+    AddSection(m_pUi->m_pBtnUavSettings, m_pUavSettings);
+    connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
+    ShowSection(kOverviewSection);
     SetUsbDisks({});
     UpdateAircraftControls();
 }
@@ -34,6 +50,24 @@ void CLmCarrowmereMaintainPage::SetMainWindow(QWidget* pMainWindow)
     m_pMainWindow = pMainWindow;
 }
 
+// An entry's id is its section's index in the stack; the overview is the
+// form's own first page. Sections taller than the page scroll.
+void CLmCarrowmereMaintainPage::AddSection(QAbstractButton* pEntry, QWidget* pSection)
+{
+    auto* scroll = new QScrollArea(m_pUi->m_pStackMaintain);
+    scroll->setObjectName(pSection->objectName() + QStringLiteral("Scroll"));
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(pSection);
+    m_pSectionEntries->addButton(pEntry, m_pUi->m_pStackMaintain->addWidget(scroll));
+}
+
+void CLmCarrowmereMaintainPage::ShowSection(int index)
+{
+    m_pSectionEntries->button(index)->setChecked(true);
+    m_pUi->m_pStackMaintain->setCurrentIndex(index);
+}
+
 void CLmCarrowmereMaintainPage::SetCurrentUas(CLmUasProvide* pUas)
 {
     // While a sibling application holds the radio, no aircraft is taken.
@@ -41,7 +75,7 @@ void CLmCarrowmereMaintainPage::SetCurrentUas(CLmUasProvide* pUas)
         return;
     m_pUas = pUas;
     UpdateAircraftControls();
-    RefreshCurrentTab();
+    HandUasToSections();
 }
 
 CLmUasProvide* CLmCarrowmereMaintainPage::CurrentUas() const
@@ -61,12 +95,14 @@ void CLmCarrowmereMaintainPage::UpdateAircraftControls()
     if (!held) {
         m_pUi->m_pLabelPlaneInfo->clear();
         m_pUi->m_pLabelKeyStatus->clear();
+        ShowSection(kOverviewSection);
     }
 }
 
-void CLmCarrowmereMaintainPage::RefreshCurrentTab()
+void CLmCarrowmereMaintainPage::HandUasToSections()
 {
-    m_pUi->m_pTabMaintain->currentWidget()->update();
+    m_pPlaneStatus->SetUas(m_pUas);
+    m_pUavSettings->SetUas(m_pUas);
     Q_EMIT CurrentUasChanged(m_pUas);
 }
 
@@ -86,6 +122,7 @@ void CLmCarrowmereMaintainPage::SetParachuteNotice(bool bNotify)
 {
     m_bParachuteNotice = bNotify;
     m_pUi->m_pBtnPlaneStatus->SetTipVisible(bNotify);
+    m_pPlaneStatus->SetRopeWarning(bNotify);
 }
 
 bool CLmCarrowmereMaintainPage::ParachuteNotice() const
@@ -123,6 +160,7 @@ void CLmCarrowmereMaintainPage::slotReciveMultirotorPlaneInfo(QStringList info)
 void CLmCarrowmereMaintainPage::slotKeyStatusString(QString status)
 {
     m_pUi->m_pLabelKeyStatus->setText(status);
+    m_pPlaneStatus->SetConnectionText(status);
 }
 
 void CLmCarrowmereMaintainPage::slotDownLoadFinished(QString path)

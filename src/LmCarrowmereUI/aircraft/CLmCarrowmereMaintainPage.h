@@ -8,11 +8,17 @@
 namespace Ui {
 class CLmCarrowmereMaintainPage;
 }
+class CLmPlaneStatus;
 class CLmUasProvide;
+class CLmUavSettings;
+class QAbstractButton;
+class QButtonGroup;
 
-// The maintenance page: the connected aircraft with its information and the
-// controls that need it, the removable disks, and the notices that concern
-// the aircraft (pending access request, parachute, firmware package).
+// The maintenance page: a section per task, chosen from the list on its
+// left. The overview shows the connected aircraft and the removable disks;
+// the plane status and flight setting sections are the aircraft's own pages
+// and open only while an aircraft is held. The page hands the aircraft and
+// its notices (parachute, key status) to the sections.
 class CLmCarrowmereMaintainPage : public QWidget
 {
     Q_OBJECT
@@ -26,8 +32,8 @@ public:
     CLmUasProvide* CurrentUas() const;
     void SetUsbDisks(const QStringList& disks);
     void SetPendingRequest(bool bPending);
-    // The parachute needs checking: badge on the plane status button; the
-    // plane status page reads it when it opens.
+    // The parachute rope has been used too often: badge on the plane status
+    // entry and warning colours on the plane status page.
     void SetParachuteNotice(bool bNotify);
     bool ParachuteNotice() const;
     // While a sibling application holds the radio the page drops its
@@ -51,10 +57,16 @@ Q_SIGNALS:
     void CurrentUasChanged(CLmUasProvide* pUas);
 
 private:
-    void RefreshCurrentTab();
+    // A section: its entry in the list and its page.
+    void AddSection(QAbstractButton* pEntry, QWidget* pSection);
+    void ShowSection(int index);
+    void HandUasToSections();
     void UpdateAircraftControls();
 
     std::unique_ptr<Ui::CLmCarrowmereMaintainPage> m_pUi;
+    QButtonGroup* m_pSectionEntries;
+    CLmPlaneStatus* m_pPlaneStatus;
+    CLmUavSettings* m_pUavSettings;
     QWidget* m_pMainWindow = nullptr;
     CLmUasProvide* m_pUas = nullptr;
     bool m_bDeviceConnectionArmed = true;
