@@ -5,6 +5,7 @@
 #include "CLmDateSelectWidget.h"
 #include "CLmMessageBox.h"
 #include "CLmProgressWgt.h"
+#include "CLmProjDetailsWgt.h"
 #include "CLmProjTransferTrees.h"
 #include "CLmProjetMgrDelegate.h"
 #include "CLmProjetMgrHeaderView.h"
@@ -61,6 +62,7 @@ CLmProjMgrWgt::CLmProjMgrWgt(QWidget* parent)
     ConnectRows();
     ConnectBars();
     ConnectController();
+    SetUpDetailsPage();
     SetUpEngine();
 }
 
@@ -599,16 +601,26 @@ void CLmProjMgrWgt::OpenProjectFolder(const QString& projectFilePath)
     QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(projectFilePath).absolutePath()));
 }
 
+void CLmProjMgrWgt::SetUpDetailsPage()
+{
+    m_pDetailsWgt = new CLmProjDetailsWgt(this);
+    m_pUi->m_pProjMgrStackedWidget->addWidget(m_pDetailsWgt);
+    connect(m_pDetailsWgt, &CLmProjDetailsWgt::BackToProject, this,
+            [this] { m_pUi->m_pProjMgrStackedWidget->setCurrentWidget(m_pUi->m_pPageProject); });
+    connect(m_pDetailsWgt, &CLmProjDetailsWgt::parseJsonArray, this, &CLmProjMgrWgt::parseJsonArray);
+}
+
 void CLmProjMgrWgt::slotDetailsBtnClicked(const QModelIndex& index)
 {
     const CLmProjMgrController::SRow row = m_controller.Row(IdOf(index));
-    const QString file = m_controller.LocalFile(row.strProjID);
-    const QString details = tr("Project: %1\nChanged: %2\nFlight log: %3\nCities: %4\nFolder: %5")
-                                .arg(row.strName, row.strUpdateTime,
-                                     CLmProjMgrController::FlightLog(row.iMissionCount, row.iFlownCount).strText,
-                                     row.listCities.join(QStringLiteral(", ")),
-                                     file.isEmpty() ? tr("only in the cloud") : QFileInfo(file).absolutePath());
-    ShowMessage(details, tr("Project Manager"));
+    m_pDetailsWgt->ShowProject(row.strProjID, row.strName, m_controller.LocalFile(row.strProjID));
+    m_pUi->m_pProjMgrStackedWidget->setCurrentWidget(m_pDetailsWgt);
+}
+
+void CLmProjMgrWgt::slotFlightDataParsed(QString strFilePath, QString strMissionID, unsigned int iOperatorType,
+                                         int iRows)
+{
+    m_pDetailsWgt->slotFlightDataParsed(strFilePath, strMissionID, iOperatorType, iRows);
 }
 
 void CLmProjMgrWgt::slotClickedDownload(const QModelIndex& index)

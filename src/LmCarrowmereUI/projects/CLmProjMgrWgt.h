@@ -22,6 +22,7 @@ class CLmProjetMgrDelegate;
 class CLmProjetMgrHeaderView;
 class CLmProjetMgrItem;
 class CLmProjTransferTrees;
+class CLmProjDetailsWgt;
 class QModelIndex;
 class QPushButton;
 
@@ -111,6 +112,10 @@ private Q_SLOTS:
     void slotFlushPendingRows();
     void slotSortRows();
 
+public Q_SLOTS:
+    // The flight-data writer's answer to a parseJsonArray of the details page.
+    void slotFlightDataParsed(QString strFilePath, QString strMissionID, unsigned int iOperatorType, int iRows);
+
 private:
     void SetUpTrees();
     void SetUpEngine();
@@ -118,6 +123,7 @@ private:
     void ConnectRows();
     void ConnectBars();
     void ConnectController();
+    void SetUpDetailsPage();
 
     CLmProjetMgrItem* NewItem(const CLmProjMgrController::SRow& row);
     void ShowRow(CLmProjetMgrItem* item, const CLmProjMgrController::SRow& row);
@@ -144,6 +150,7 @@ private:
     CLmProjetMgrDelegate* m_pDelegate = nullptr;
     CLmProjetMgrHeaderView* m_pHeader = nullptr;
     CLmProjTransferTrees* m_pTransferTrees = nullptr;
+    CLmProjDetailsWgt* m_pDetailsWgt = nullptr;
     QPointer<CLmProgressWgt> m_pProgress;
     CLmCitySelectWidget* m_pCitySelect = nullptr;
     CLmDateSelectWidget* m_pDateSelect = nullptr;

@@ -211,6 +211,7 @@ void CLmCarrowmereMainWindow::ConnectDeviceHub()
     connect(this, &Window::connectSerialPort, m_pDeviceHub.get(), &CLmDeviceHub::connectSerialPort);
     connect(this, &Window::uploadFlightData, m_pDeviceHub.get(), &CLmDeviceHub::uploadFlightData);
     connect(m_pProjMgrWgt, &CLmProjMgrWgt::parseJsonArray, m_pDeviceHub.get(), &CLmDeviceHub::parseJsonArray);
+    connect(m_pDeviceHub.get(), &CLmDeviceHub::FlightDataParsed, m_pProjMgrWgt, &CLmProjMgrWgt::slotFlightDataParsed);
     connect(m_pDeviceHub.get(), &CLmDeviceHub::AircraftLost, m_pNoticeCenter, &CLmNoticeCenter::ForgetFirmwareOffer);
     connect(m_pDeviceHub.get(), &CLmDeviceHub::NetWorkStateChanged, this, &Window::ShowNetWorkState);
     connect(m_pDeviceHub.get(), &CLmDeviceHub::FirstNetWorkAnswer, this, &Window::StartCloudWork);

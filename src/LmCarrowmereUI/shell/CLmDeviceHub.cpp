@@ -70,6 +70,8 @@ void CLmDeviceHub::ConnectUploadData()
                 &CLmFlightDataDbOperator::slotParseJson);
         connect(this, &CLmDeviceHub::uploadFlightData, m_pFlightDataDbOperator.get(),
                 &CLmFlightDataDbOperator::slotStartUploadTimer);
+        connect(m_pFlightDataDbOperator.get(), &CLmFlightDataDbOperator::FlightDataParsed, this,
+                &CLmDeviceHub::FlightDataParsed);
         m_pFlightDataDbOperator->moveToThread(&m_uploadThread);
     }
     connect(&m_uploadThread, &QThread::started, m_pFlightDataDbOperator.get(),

@@ -54,6 +54,8 @@ Q_SIGNALS:
     void parseJsonArray(QJsonArray jArray, QString strFilePath, QString strMissionID, uint iOperatorType,
                         QString strProjectName);
 
+    // The uploader wrote (or refused) flight data handed to it by parseJsonArray.
+    void FlightDataParsed(QString strFilePath, QString strMissionID, unsigned int iOperatorType, int iRows);
     // The aircraft held by the maintenance page went away.
     void AircraftLost();
     // Every answer of the network tester, and its first answer once.

@@ -11,6 +11,8 @@
 #include <QJsonArray>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void deleteOneAsksAndRemovesInTheCloudAndLocally();
     void deleteWhileOfflineSaysSo();
     void failedRowDownloadOffersRetry();
+    void detailsOpensTheProjectAndComesBack();
 
 private:
     QMap<QString, SCloudProject> CloudProjects() const;
@@ -215,6 +218,18 @@ void tst_CLmProjMgrWgt::deleteWhileOfflineSaysSo()
     QVERIFY(RowNamed("Riverside Farm"));
     QVERIFY(QFileInfo::exists(ProjectRoot() + "/Riverside Farm"));
     QCOMPARE(CloudProjects().size(), 3);
+}
+
+void tst_CLmProjMgrWgt::detailsOpensTheProjectAndComesBack()
+{
+    auto* stack = m_page->findChild<QStackedWidget*>("m_pProjMgrStackedWidget");
+    QWidget* projectPage = stack->currentWidget();
+    ClickRowButton(RowNamed("Riverside Farm"), LmProjRowLayout::ButtonDetails);
+    QCOMPARE(stack->currentWidget()->objectName(), QStringLiteral("CLmProjDetailsWgt"));
+    QCOMPARE(stack->currentWidget()->findChild<QLabel*>("m_pLabelProjName")->text(), QStringLiteral("Riverside Farm"));
+
+    QTest::mouseClick(stack->currentWidget()->findChild<QPushButton*>("m_pBtnBackProject"), Qt::LeftButton);
+    QCOMPARE(stack->currentWidget(), projectPage);
 }
 
 void tst_CLmProjMgrWgt::failedRowDownloadOffersRetry()
