@@ -28,6 +28,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QUrl>
 
 namespace {
@@ -70,7 +71,8 @@ CLmCarrowmereMainWindow::CLmCarrowmereMainWindow(QWidget* parent)
 
     SetupConnectInfo();
     InitSystemInfo();
-    ReadExistUsbDevice();
+    // The window paints first; the machine's facts and the disks follow.
+    QTimer::singleShot(0, this, &CLmCarrowmereMainWindow::ReadMachineState);
     setWindowTitle(tr("SkyConsole"));
 }
 
@@ -224,6 +226,16 @@ void CLmCarrowmereMainWindow::InitSystemInfo()
     const int widths[] = {150, 250, 110, 300};
     for (int column = 0; column < 4; ++column)
         m_pUi->m_pSysInfoTree->setColumnWidth(column, widths[column]);
+}
+
+void CLmCarrowmereMainWindow::ReadMachineState()
+{
+    ShowSystemFacts();
+    ReadExistUsbDevice();
+}
+
+void CLmCarrowmereMainWindow::ShowSystemFacts()
+{
     CLmHardwareCheck::Show(CLmHardwareCheck::ReadSystem(), m_pUi->m_pSysInfoTree, m_pUi->m_pLabelHardwareWarning);
 }
 

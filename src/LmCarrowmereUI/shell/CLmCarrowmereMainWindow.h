@@ -68,6 +68,8 @@ private:
     void ConnectAccountSession();
     void ConnectDeviceHub();
     void InitSystemInfo();
+    void ReadMachineState();
+    void ShowSystemFacts();
     void ReadExistUsbDevice();
     void ResponseJsonObject(const QJsonObject& obj);
     void ShowPage(QWidget* pPage);
