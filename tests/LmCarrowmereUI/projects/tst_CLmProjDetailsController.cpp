@@ -19,6 +19,10 @@
 
 namespace {
 
+// The cloud and the writer thread answer well within this even on a loaded
+// machine; it only bounds how long a broken run waits.
+constexpr int kAnswerMs = 20000;
+
 using EState = CLmProjDetailsController::EMissionState;
 
 EState StateOf(const CLmProjDetailsController& controller, const QString& strMissionId)
@@ -106,7 +110,7 @@ void tst_CLmProjDetailsController::cleanup()
 void tst_CLmProjDetailsController::ShowDemoProject(CLmProjDetailsController& controller)
 {
     controller.ShowProject(m_cloud.ProjectId(), QLatin1String(CDemoProjectCloud::ProjectName), m_strProjectFile);
-    QTRY_VERIFY(!controller.IsListing());
+    QTRY_VERIFY_WITH_TIMEOUT(!controller.IsListing(), kAnswerMs);
 }
 
 QString tst_CLmProjDetailsController::SecondMissionId(const CLmProjDetailsController& controller)
@@ -145,7 +149,7 @@ void tst_CLmProjDetailsController::downloadWritesTheCloudsRowsOnTheUploadThread(
 
     controller.DownloadMission(strMissionId);
     QCOMPARE(StateOf(controller, strMissionId), CLmProjDetailsController::MissionDownloading);
-    QTRY_COMPARE(StateOf(controller, strMissionId), CLmProjDetailsController::MissionDownloaded);
+    QTRY_COMPARE_WITH_TIMEOUT(StateOf(controller, strMissionId), CLmProjDetailsController::MissionDownloaded, kAnswerMs);
     QCOMPARE(controller.DownloadedCount(), 1);
     QCOMPARE(handedOn.count(), 3);
 
@@ -199,7 +203,7 @@ void tst_CLmProjDetailsController::unreadableListReplyListsNothing()
     CLmProjDetailsController& controller = *m_pController;
 
     controller.ShowProject(project.strProjID, project.strProjName, strProjectFile);
-    QTRY_VERIFY(!controller.IsListing());
+    QTRY_VERIFY_WITH_TIMEOUT(!controller.IsListing(), kAnswerMs);
 
     QVERIFY(controller.Missions().isEmpty());
     QVERIFY2(controller.StatusText().contains(QLatin1String("could not be read")),
@@ -224,7 +228,7 @@ void tst_CLmProjDetailsController::unreadableDownloadReplyChangesNothing()
 
     controller.DownloadMission(strMissionId);
 
-    QTRY_COMPARE(states.count(), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(states.count(), 2, kAnswerMs);
     QCOMPARE(StateOf(controller, strMissionId), CLmProjDetailsController::MissionNotDownloaded);
     QVERIFY2(controller.StatusText().contains(QLatin1String("could not be read")),
              qPrintable(controller.StatusText()));
@@ -268,7 +272,7 @@ void tst_CLmProjDetailsController::failedDownloadOffersReDownload()
 
     controller.DownloadMission(strMissionId);
 
-    QTRY_COMPARE(StateOf(controller, strMissionId), CLmProjDetailsController::MissionDownloadFailed);
+    QTRY_COMPARE_WITH_TIMEOUT(StateOf(controller, strMissionId), CLmProjDetailsController::MissionDownloadFailed, kAnswerMs);
     QVERIFY2(controller.StatusText().startsWith(QLatin1String("Could not download Mission 2")),
              qPrintable(controller.StatusText()));
     QCOMPARE(controller.DownloadedCount(), 0);
@@ -277,7 +281,7 @@ void tst_CLmProjDetailsController::failedDownloadOffersReDownload()
     if (damagedDatabase)
         QVERIFY(database.remove());
     controller.DownloadMission(strMissionId);
-    QTRY_COMPARE(StateOf(controller, strMissionId), CLmProjDetailsController::MissionDownloaded);
+    QTRY_COMPARE_WITH_TIMEOUT(StateOf(controller, strMissionId), CLmProjDetailsController::MissionDownloaded, kAnswerMs);
 }
 
 QTEST_GUILESS_MAIN(tst_CLmProjDetailsController)
