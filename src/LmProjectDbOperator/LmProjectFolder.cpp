@@ -2,6 +2,7 @@
 
 #include "CLmDataBase.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <filesystem>
@@ -10,6 +11,15 @@
 namespace LmProjectFolder {
 
 namespace {
+
+// Only the header is read: a database another connection holds exclusively
+// cannot be read further, and it must still count as a database.
+bool HasSqliteHeader(const QString& filePath)
+{
+    QFile file(filePath);
+    static const QByteArray header("SQLite format 3\0", 16);
+    return file.open(QIODevice::ReadOnly) && file.read(header.size()) == header;
+}
 
 // The real path of the project's folder when it sits directly under the real
 // project root, else empty.
@@ -32,7 +42,7 @@ QString ContainedFolder(const QString& projectFilePath, const QString& projectRo
 bool IsInUse(const QString& projectFilePath)
 {
     // Only a database can be held; any other file is removed like the rest.
-    if (!CLmDataBase::IsSqliteFile(projectFilePath))
+    if (!HasSqliteHeader(projectFilePath))
         return false;
     CLmDataBase db(projectFilePath);
     if (!db.Open())

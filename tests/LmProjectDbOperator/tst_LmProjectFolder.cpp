@@ -20,6 +20,7 @@ private Q_SLOTS:
     void removesOnlyProjectFolders_data();
     void removesOnlyProjectFolders();
     void linksInsideAreRemovedNotFollowed();
+    void heldDatabaseStays_data();
     void heldDatabaseStays();
 
 private:
@@ -93,12 +94,21 @@ void tst_LmProjectFolder::linksInsideAreRemovedNotFollowed()
     QVERIFY(QFileInfo::exists(Outside() + QStringLiteral("/keep.proj")));
 }
 
+void tst_LmProjectFolder::heldDatabaseStays_data()
+{
+    QTest::addColumn<QString>("transaction");
+    QTest::newRow("writer waiting") << "BEGIN IMMEDIATE";
+    // An exclusive holder keeps readers out too.
+    QTest::newRow("exclusive holder") << "BEGIN EXCLUSIVE";
+}
+
 void tst_LmProjectFolder::heldDatabaseStays()
 {
+    QFETCH(QString, transaction);
     const QString file = Root() + QStringLiteral("/North/North.proj");
     CLmDataBase other(file);
     QVERIFY(other.Open());
-    QVERIFY(other.Exec(QStringLiteral("BEGIN IMMEDIATE")));
+    QVERIFY(other.Exec(transaction));
     QVERIFY(LmProjectFolder::IsInUse(file));
     QCOMPARE(LmProjectFolder::Remove(file, Root()), ERemoval::InUse);
     QVERIFY(QFileInfo::exists(file));
