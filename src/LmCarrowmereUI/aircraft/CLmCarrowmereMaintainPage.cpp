@@ -34,7 +34,8 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     m_pUi->m_pLabelPendingRequest->setVisible(false);
     connect(m_pUi->m_pBtnBackHome, &QPushButton::clicked, this, &CLmCarrowmereMaintainPage::BackToHome);
     m_pSectionEntries->addButton(m_pUi->m_pBtnOverview, kOverviewSection);
-    // Flight logs, base station and data download join the list the same way.
+    // Fault diagnosis (flight logs), base station and data download join the
+    // list the same way; their entries stay hidden until their section is added.
     AddSection(m_pUi->m_pBtnPlaneStatus, m_pPlaneStatus);
     AddSection(m_pUi->m_pBtnUavSettings, m_pUavSettings);
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
@@ -59,6 +60,7 @@ void CLmCarrowmereMaintainPage::AddSection(QAbstractButton* pEntry, QWidget* pSe
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidget(pSection);
+    pEntry->setVisible(true);
     m_pSectionEntries->addButton(pEntry, m_pUi->m_pStackMaintain->addWidget(scroll));
 }
 
