@@ -60,6 +60,7 @@ private:
     void CheckShortcut();
     void SetupForm();
     void CreatePages();
+    CLmProjMgrWgt* ProjMgrPage();
     template <class TPage>
     TPage* AddPage(TPage* pPage);
     void SetupConnectInfo();
