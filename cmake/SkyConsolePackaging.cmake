@@ -53,7 +53,7 @@ set(CPACK_DEBIAN_HUB_DESCRIPTION "Desktop hub for survey-drone crews
  and sets up GNSS RTK base stations.")
 set(CPACK_DEBIAN_HUB_PACKAGE_RECOMMENDS "fonts-noto-cjk")
 # Qt loads its SQLite driver as a plug-in, which shlibdeps cannot see.
-set(CPACK_DEBIAN_HUB_PACKAGE_DEPENDS "libqt5sql5-sqlite")
+set(CPACK_DEBIAN_HUB_PACKAGE_DEPENDS "libqt5sql5-sqlite, qttranslations5-l10n")
 set(CPACK_DEBIAN_HUB_PACKAGE_CONTROL_EXTRA ${CMAKE_SOURCE_DIR}/packaging/conffiles)
 set(CPACK_DEBIAN_EMULATORS_PACKAGE_NAME skyconsole-emulators)
 set(CPACK_DEBIAN_EMULATORS_DESCRIPTION "Emulated cloud, aircraft, base station and sibling applications for SkyConsole
