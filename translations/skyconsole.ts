@@ -289,6 +289,45 @@
     </message>
 </context>
 <context>
+    <name>CLmChangePhoneDialog</name>
+    <message>
+        <source>Change the phone number of this account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New phone number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verification code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Confirm</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change phone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The phone number has been changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the new phone number.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the verification code.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CLmCitySelectWidget</name>
     <message>
         <source>all</source>
@@ -1410,6 +1449,10 @@
     </message>
     <message>
         <source>Network fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change phone</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -289,6 +289,45 @@
     </message>
 </context>
 <context>
+    <name>CLmChangePhoneDialog</name>
+    <message>
+        <source>Change the phone number of this account</source>
+        <translation>更改此账号的手机号码</translation>
+    </message>
+    <message>
+        <source>New phone number</source>
+        <translation>新手机号码</translation>
+    </message>
+    <message>
+        <source>Send code</source>
+        <translation>发送验证码</translation>
+    </message>
+    <message>
+        <source>Verification code</source>
+        <translation>验证码</translation>
+    </message>
+    <message>
+        <source>Confirm</source>
+        <translation>确认</translation>
+    </message>
+    <message>
+        <source>Change phone</source>
+        <translation>更换手机</translation>
+    </message>
+    <message>
+        <source>The phone number has been changed.</source>
+        <translation>手机号码已更改。</translation>
+    </message>
+    <message>
+        <source>Please enter the new phone number.</source>
+        <translation>请输入新手机号码。</translation>
+    </message>
+    <message>
+        <source>Please enter the verification code.</source>
+        <translation>请输入验证码。</translation>
+    </message>
+</context>
+<context>
     <name>CLmCitySelectWidget</name>
     <message>
         <source>all</source>
@@ -1411,6 +1450,10 @@
     <message>
         <source>Network fault</source>
         <translation>网络故障</translation>
+    </message>
+    <message>
+        <source>Change phone</source>
+        <translation>更换手机</translation>
     </message>
 </context>
 <context>

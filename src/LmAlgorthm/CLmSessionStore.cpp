@@ -68,6 +68,11 @@ void CLmSessionStore::SetNickName(const QString& nickName)
     SetSessionValue(UserInfoNickName, nickName);
 }
 
+void CLmSessionStore::SetAccount(const QString& account)
+{
+    SetSessionValue(UserInfoAccount, account);
+}
+
 void CLmSessionStore::Clear()
 {
     SetSessionValue(UserInfoAutoLogin, false);

@@ -49,6 +49,8 @@ public:
     // are kept as Base64 of their Latin-1 text.
     void SaveSignIn(const SLmUserInfo& user, const QString& permissions);
     void SetNickName(const QString& nickName);
+    // The sign-in name after the account moved to another phone number.
+    void SetAccount(const QString& account);
     // Forgets the signed-in session: token, nick name, user id and password
     // empty, automatic sign-in off. The account, user type and permissions
     // are kept so the next sign-in can start from them.

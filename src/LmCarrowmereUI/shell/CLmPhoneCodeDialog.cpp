@@ -25,6 +25,11 @@ QString CLmPhoneCodeDialog::Phone() const
     return m_setup.pEditPhone ? m_setup.pEditPhone->text() : QString();
 }
 
+QJsonObject CLmPhoneCodeDialog::SubmitReplyData() const
+{
+    return m_objReplyData;
+}
+
 void CLmPhoneCodeDialog::SetUpForm(SFormSetup setup)
 {
     m_setup = std::move(setup);
@@ -43,13 +48,14 @@ void CLmPhoneCodeDialog::slotSendCode()
 {
     const QVector<SFormField> phoneOnly{PhoneField()};
     if (CheckFields(phoneOnly))
-        Post(m_setup.sendCodePath, phoneOnly, m_setup.pBtnSendCode, &CLmPhoneCodeDialog::ShowCodeSent);
+        Post(m_setup.sendCodePath, false, phoneOnly, m_setup.pBtnSendCode, &CLmPhoneCodeDialog::ShowCodeSent);
 }
 
 void CLmPhoneCodeDialog::slotSubmit()
 {
     if (CheckFields(m_setup.fields) && CheckPasswords())
-        Post(m_setup.submitPath, m_setup.fields, m_setup.pBtnSubmit, &CLmPhoneCodeDialog::FinishSubmit);
+        Post(m_setup.submitPath, m_setup.bSubmitSignedIn, m_setup.fields, m_setup.pBtnSubmit,
+             &CLmPhoneCodeDialog::FinishSubmit);
 }
 
 bool CLmPhoneCodeDialog::CheckFields(const QVector<SFormField>& fields)
@@ -66,6 +72,8 @@ bool CLmPhoneCodeDialog::CheckFields(const QVector<SFormField>& fields)
 
 bool CLmPhoneCodeDialog::CheckPasswords()
 {
+    if (!m_setup.pEditPassword)
+        return true;
     const QString password = m_setup.pEditPassword->text();
     if (password != m_setup.pEditRepeat->text()) {
         m_setup.pLabelStatus->setText(tr("The two passwords differ."));
@@ -78,8 +86,8 @@ bool CLmPhoneCodeDialog::CheckPasswords()
     return true;
 }
 
-void CLmPhoneCodeDialog::Post(const char* path, const QVector<SFormField>& fields, QPushButton* pendingButton,
-                              RequestDone onDone)
+void CLmPhoneCodeDialog::Post(const char* path, bool bSignedIn, const QVector<SFormField>& fields,
+                              QPushButton* pendingButton, RequestDone onDone)
 {
     QVector<QPair<QByteArray, QString>> pairs;
     for (const SFormField& field : fields) {
@@ -89,7 +97,7 @@ void CLmPhoneCodeDialog::Post(const char* path, const QVector<SFormField>& field
     m_setup.pLabelStatus->clear();
     pendingButton->setEnabled(false);
 
-    CLmNetWorkRequest* request = LmCloudRequest::NewAnonymous(path);
+    CLmNetWorkRequest* request = bSignedIn ? LmCloudRequest::NewSignedIn(path) : LmCloudRequest::NewAnonymous(path);
     connect(request, &CLmNetWorkRequest::ActionSucced, this,
             [this, pendingButton, onDone](const QByteArray& reply) { HandleReply(reply, pendingButton, onDone); });
     connect(request, &CLmNetWorkRequest::FailedMsg, this,
@@ -114,6 +122,7 @@ void CLmPhoneCodeDialog::HandleReply(const QByteArray& reply, QPushButton* pendi
         ReportFailure(envelope.Message(), pendingButton);
         return;
     }
+    m_objReplyData = envelope.DataObject();
     (this->*onDone)();
 }
 
@@ -157,8 +166,10 @@ void CLmPhoneCodeDialog::slotCountdownTick()
 
 void CLmPhoneCodeDialog::FinishSubmit()
 {
-    m_setup.pEditPassword->clear();
-    m_setup.pEditRepeat->clear();
+    for (QLineEdit* secret : {m_setup.pEditPassword, m_setup.pEditRepeat}) {
+        if (secret)
+            secret->clear();
+    }
     CLmMessageBox box(m_setup.strSuccessText, QString(), tr("SkyConsole"), CLmMessageBox::BtnOk, this);
     box.exec();
     accept();

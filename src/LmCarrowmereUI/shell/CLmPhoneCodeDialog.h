@@ -3,6 +3,7 @@
 #include "CLmBaseDialog.h"
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QString>
 #include <QTimer>
 #include <QVector>
@@ -15,6 +16,7 @@ class QPushButton;
 // code from the cloud: the "Send code" button and its resend countdown, the
 // checks of the typed fields (shown in a status label, nothing is sent), and
 // the final form post, which ends in a success box and accepts the dialog.
+// Dialogs without passwords leave the password lines null.
 class CLmPhoneCodeDialog : public CLmBaseDialog
 {
     Q_OBJECT
@@ -25,6 +27,8 @@ public:
 
     // The phone number as typed.
     QString Phone() const;
+    // The data of the cloud's answer to the submitted form.
+    QJsonObject SubmitReplyData() const;
 
 protected:
     // One line edit of the form. An empty name marks a field that is only
@@ -49,6 +53,9 @@ protected:
         QLabel* pLabelStatus;
         // Checked in this order; sent in this order.
         QVector<SFormField> fields;
+        // The form is posted with the session's token (a change to the
+        // signed-in account); the code request never is.
+        bool bSubmitSignedIn = false;
     };
 
     explicit CLmPhoneCodeDialog(QWidget* parent);
@@ -66,7 +73,8 @@ private:
     bool CheckFields(const QVector<SFormField>& fields);
     bool CheckPasswords();
     const SFormField& PhoneField() const;
-    void Post(const char* path, const QVector<SFormField>& fields, QPushButton* pendingButton, RequestDone onDone);
+    void Post(const char* path, bool bSignedIn, const QVector<SFormField>& fields, QPushButton* pendingButton,
+              RequestDone onDone);
     void HandleReply(const QByteArray& reply, QPushButton* pendingButton, RequestDone onDone);
     void ReportFailure(const QString& message, QPushButton* pendingButton);
     void StartCountdown();
@@ -78,4 +86,5 @@ private:
     QString m_strSendCodeText;
     QTimer m_countdownTimer;
     int m_iSecondsLeft = 0;
+    QJsonObject m_objReplyData;
 };

@@ -2,6 +2,7 @@
 
 #include "ui_CLmUserMessagePage.h"
 
+#include "CLmChangePhoneDialog.h"
 #include "CLmNetWorkRequest.h"
 #include "CLmReplyEnvelope.h"
 #include "CLmSessionStore.h"
@@ -26,6 +27,7 @@ CLmUserMessagePage::CLmUserMessagePage(QWidget* parent)
     });
     connect(m_pUi->m_pBtnSaveProfile, &QPushButton::clicked, this, &CLmUserMessagePage::slotSaveProfile);
     connect(m_pUi->m_pBtnLogout, &QPushButton::clicked, this, &CLmUserMessagePage::slotLogout);
+    connect(m_pUi->m_pBtnChangePhone, &QPushButton::clicked, this, &CLmUserMessagePage::slotChangePhone);
     SetMessages({});
 }
 
@@ -133,6 +135,19 @@ void CLmUserMessagePage::slotProfileSaved(const QByteArray& reply)
     FillProfile(profile);
     CLmSessionStore().SetNickName(profile.value(QStringLiteral("nick_name")).toString());
     m_pUi->m_pLabelProfileState->setText(tr("Saved."));
+    Q_EMIT saveUserInfoSucced();
+}
+
+// The account signs in with its new phone from now on; the session itself
+// (its token) stays valid.
+void CLmUserMessagePage::slotChangePhone()
+{
+    CLmChangePhoneDialog dialog(this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QJsonObject profile = dialog.SubmitReplyData();
+    FillProfile(profile);
+    CLmSessionStore().SetAccount(profile.value(QStringLiteral("phone")).toString());
     Q_EMIT saveUserInfoSucced();
 }
 

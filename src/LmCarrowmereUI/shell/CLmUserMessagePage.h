@@ -36,6 +36,7 @@ Q_SIGNALS:
 private Q_SLOTS:
     void slotSaveProfile();
     void slotProfileSaved(const QByteArray& reply);
+    void slotChangePhone();
     void slotLogout();
     void slotMessageListRet(const QByteArray& reply);
     void slotRequestFailed(const QString& message);

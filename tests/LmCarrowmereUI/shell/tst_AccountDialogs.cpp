@@ -1,5 +1,6 @@
 #include "CCannedHttpPeer.h"
 #include "CLmCarrowmereLoginDialog.h"
+#include "CLmChangePhoneDialog.h"
 #include "CLmDeployConfig.h"
 #include "CLmForgetPasswordDialog.h"
 #include "CLmRegisterDialog.h"
@@ -76,8 +77,13 @@ private Q_SLOTS:
     void serviceRefusalShowsItsMessage();
     void forgotButtonOpensTheResetDialog();
     void registerButtonFillsTheAccountAfterRegistration();
+    void phoneChange_data();
+    void phoneChange();
 
 private:
+    // A new account of its own, signed in: the phone change tests leave the
+    // demo accounts alone.
+    void SignInNewAccount(const QString& phone);
     // Presses "Send code" and checks the countdown started; then asks the
     // cloud itself for a fresh code (it replaces the dialog's) and returns it.
     QString SendCodeAndFetch(QWidget& dialog, const QByteArray& codePath, const QString& phone);
@@ -117,6 +123,23 @@ QString tst_AccountDialogs::SendCodeAndFetch(QWidget& dialog, const QByteArray& 
         .toObject()
         .value(QStringLiteral("validate_hint"))
         .toString();
+}
+
+void tst_AccountDialogs::SignInNewAccount(const QString& phone)
+{
+    const QString code = m_cloud.Call("/user/sendvalidate", Form("phone", phone))
+                             .value(QStringLiteral("data"))
+                             .toObject()
+                             .value(QStringLiteral("validate_hint"))
+                             .toString();
+    m_cloud.Call("/user/register", Form("phone", phone) + '&' + Form("validate", code) + '&'
+                                       + Form("password", QStringLiteral("skyconsole")) + '&'
+                                       + Form("nick_name", QStringLiteral("Mover")));
+    const QJsonObject login =
+        m_cloud.Call("/user/login", Form("phone", phone) + '&' + Form("password", QStringLiteral("skyconsole")));
+    const QJsonObject data = login.value(QStringLiteral("data")).toObject();
+    TestSession::SetSession(data.value(QStringLiteral("token")).toString(),
+                            QString::number(data.value(QStringLiteral("id")).toInt()));
 }
 
 int tst_AccountDialogs::LoginStatus(const QString& phone, const QString& password)
@@ -263,6 +286,59 @@ void tst_AccountDialogs::serviceRefusalShowsItsMessage()
     QVERIFY(dialog.isVisible());
     QCOMPARE(dialog.result(), int(QDialog::Rejected));
     QCOMPARE(LoginStatus(QStringLiteral("13800000001"), QStringLiteral("skyconsole")), 200);
+}
+
+void tst_AccountDialogs::phoneChange_data()
+{
+    QTest::addColumn<QString>("account");
+    QTest::addColumn<QString>("newPhone");
+    QTest::addColumn<bool>("useSentCode");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<bool>("changed");
+
+    QTest::newRow("code round trip") << "13900000101" << "13900000102" << true
+                                     << "The phone number has been changed." << true;
+    QTest::newRow("wrong code") << "13900000103" << "13900000104" << false << "Wrong or expired verification code"
+                                << false;
+    QTest::newRow("phone already taken")
+        << "13900000105" << "13800000002" << true << "Phone number already registered" << false;
+}
+
+void tst_AccountDialogs::phoneChange()
+{
+    QFETCH(QString, account);
+    QFETCH(QString, newPhone);
+    QFETCH(bool, useSentCode);
+    QFETCH(QString, expected);
+    QFETCH(bool, changed);
+
+    SignInNewAccount(account);
+    CLmChangePhoneDialog dialog;
+    dialog.show();
+    QString shown;
+    ModalAnswer::PressWhenShown(QStringLiteral("m_pBtnOk"), &shown, 8000, "CLmMessageBox", &dialog);
+    Edit(dialog, "m_pEditPhone")->setText(newPhone);
+    if (useSentCode) {
+        Button(dialog, "m_pBtnSendCode")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(!shown.isEmpty() || !StatusText(dialog).isEmpty(), 8000);
+    }
+    if (shown.isEmpty()) {
+        const QString code = useSentCode ? m_cloud.Call("/user/sendvalidate", Form("phone", newPhone))
+                                               .value(QStringLiteral("data"))
+                                               .toObject()
+                                               .value(QStringLiteral("validate_hint"))
+                                               .toString()
+                                         : QStringLiteral("000000");
+        Edit(dialog, "m_pEditCode")->setText(code);
+        Button(dialog, "m_pBtnConfirm")->click();
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(shown.contains(expected), 8000);
+    QCOMPARE(dialog.result() == QDialog::Accepted, changed);
+    if (changed)
+        QCOMPARE(dialog.SubmitReplyData().value(QStringLiteral("phone")).toString(), newPhone);
+    QCOMPARE(LoginStatus(account, QStringLiteral("skyconsole")), changed ? 403 : 200);
+    if (changed)
+        QCOMPARE(LoginStatus(newPhone, QStringLiteral("skyconsole")), 200);
 }
 
 void tst_AccountDialogs::forgotButtonOpensTheResetDialog()
