@@ -123,9 +123,18 @@ void CLmCarrowmereMainWindow::CreatePages()
     m_pMaintainPage = AddPage(new CLmCarrowmereMaintainPage(this));
     connect(m_pMaintainPage, &CLmCarrowmereMaintainPage::NeedUpgrade, this, &Window::slotMarkUpgrade);
     m_pMaintainPage->SetMainWindow(this);
+}
+
+// Built when first opened, like the project page.
+CLmUserMessagePage* CLmCarrowmereMainWindow::UserMessagePage()
+{
+    using Window = CLmCarrowmereMainWindow;
+    if (m_pUserMessagePage)
+        return m_pUserMessagePage;
     m_pUserMessagePage = AddPage(new CLmUserMessagePage(this));
     connect(m_pUserMessagePage, &CLmUserMessagePage::saveUserInfoSucced, this, &Window::slotUpdateUserInfo);
     connect(m_pUserMessagePage, &CLmUserMessagePage::LogoutSucced, this, &Window::slotUpdateUserInfo);
+    return m_pUserMessagePage;
 }
 
 // The project page is the heaviest one and its engine has nothing to do
@@ -304,7 +313,7 @@ void CLmCarrowmereMainWindow::slotShowSysMsg()
 {
     if (sender() == m_pUi->m_pBtnSysMessage && m_pUi->m_pBtnSysMessage->text().isEmpty())
         return;
-    m_pUserMessagePage->ShowMessageView();
+    UserMessagePage()->ShowMessageView();
     ShowPage(m_pUserMessagePage);
     ClearNewMessageIcon();
 }
@@ -350,7 +359,8 @@ void CLmCarrowmereMainWindow::ForgetAccountTraces()
     ClearNewMessageIcon();
     m_pUi->m_pBtnProjManager->SetTipVisible(false);
     m_pMaintainPage->SetPendingRequest(false);
-    m_pUserMessagePage->ForgetAccount();
+    if (m_pUserMessagePage)
+        m_pUserMessagePage->ForgetAccount();
 }
 
 void CLmCarrowmereMainWindow::ResponseJsonObject(const QJsonObject& obj)
@@ -482,7 +492,7 @@ void CLmCarrowmereMainWindow::slotAcceptLogin()
 
 void CLmCarrowmereMainWindow::slotUserProRet(const QByteArray& reply)
 {
-    m_pUserMessagePage->ShowProfileView(reply);
+    UserMessagePage()->ShowProfileView(reply);
     ShowPage(m_pUserMessagePage);
 }
 

@@ -61,6 +61,7 @@ private:
     void SetupForm();
     void CreatePages();
     CLmProjMgrWgt* ProjMgrPage();
+    CLmUserMessagePage* UserMessagePage();
     template <class TPage>
     TPage* AddPage(TPage* pPage);
     void SetupConnectInfo();
