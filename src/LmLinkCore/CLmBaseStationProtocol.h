@@ -39,10 +39,11 @@ public:
     // Failure codes shared by several operations.
     enum ECode {
         CodeSuccess = 0,
-        CodeNotStaticMode = 1,      // start/delete: not allowed in the station's work mode
-        CodeRefused = 1,            // caster login refused, storage full for a setting
+        CodeNotStaticMode = 1,      // start: the station works as a base
+        CodeRefused = 1,            // caster login refused; base while recording; stop while not recording
         CodeUnreachable = 2,        // caster host unreachable or not a caster
-        CodeFileExists = 2,
+        CodeFileExists = 2,         // start: a file of that name exists
+        CodeDeleteFailed = 2,       // delete: a file is being recorded or could not be removed
         CodeBadParameter = 3,
         CodeNotPositioning = 4,
         CodeStorageFull = 5,
