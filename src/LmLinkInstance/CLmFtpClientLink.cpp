@@ -11,6 +11,9 @@
 CLmFtpClientLink::CLmFtpClientLink(QObject* parent)
     : QObject(parent)
 {
+    m_stallTimer.setSingleShot(true);
+    m_stallTimer.setInterval(kStallTimeoutMs);
+    connect(&m_stallTimer, &QTimer::timeout, this, &CLmFtpClientLink::OnStalled);
 }
 
 CLmFtpClientLink::~CLmFtpClientLink()
@@ -38,10 +41,12 @@ void CLmFtpClientLink::FtpGet(const QString& strPath)
     connect(m_pReply, &QNetworkReply::readyRead, this, &CLmFtpClientLink::OnReadyRead);
     connect(m_pReply, &QNetworkReply::downloadProgress, this, &CLmFtpClientLink::OnProgress);
     connect(m_pReply, &QNetworkReply::finished, this, &CLmFtpClientLink::OnFinished);
+    m_stallTimer.start();
 }
 
 void CLmFtpClientLink::Abort()
 {
+    m_stallTimer.stop();
     if (m_pReply.isNull())
         return;
     QNetworkReply* reply = m_pReply;
@@ -60,6 +65,7 @@ void CLmFtpClientLink::ClearReceivedData()
 void CLmFtpClientLink::OnReadyRead()
 {
     m_received.append(m_pReply->readAll());
+    m_stallTimer.start();
 }
 
 void CLmFtpClientLink::OnProgress(qint64 nReceived, qint64 nTotal)
@@ -73,6 +79,7 @@ void CLmFtpClientLink::OnProgress(qint64 nReceived, qint64 nTotal)
 
 void CLmFtpClientLink::OnFinished()
 {
+    m_stallTimer.stop();
     QNetworkReply* reply = m_pReply;
     m_pReply.clear();
     reply->deleteLater();
@@ -81,9 +88,22 @@ void CLmFtpClientLink::OnFinished()
     if (reply->error() != QNetworkReply::NoError || !complete) {
         qCWarning(lcLinkInstanceBase) << "FTP download failed:" << reply->errorString() << "after"
                                       << m_received.size() << "of" << m_nExpected << "bytes";
-        ClearReceivedData();
-        emit NetWorkError();
+        Fail();
         return;
     }
     emit downLoadFinished();
+}
+
+void CLmFtpClientLink::OnStalled()
+{
+    qCWarning(lcLinkInstanceBase) << "FTP download stalled after" << m_received.size() << "of" << m_nExpected
+                                  << "bytes";
+    Abort();
+    Fail();
+}
+
+void CLmFtpClientLink::Fail()
+{
+    ClearReceivedData();
+    emit NetWorkError();
 }
