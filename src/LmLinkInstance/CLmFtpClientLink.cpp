@@ -64,17 +64,35 @@ void CLmFtpClientLink::ClearReceivedData()
 
 void CLmFtpClientLink::OnReadyRead()
 {
-    m_received.append(m_pReply->readAll());
+    if (m_nExpected < 0)
+        ExpectSize(m_pReply->header(QNetworkRequest::ContentLengthHeader).toLongLong());
+    // Read straight into the held bytes: a file of hundreds of megabytes is
+    // copied once, not once per chunk.
+    const qint64 available = m_pReply->bytesAvailable();
+    const int held = m_received.size();
+    if (available <= 0 || available > std::numeric_limits<int>::max() - held) {
+        m_received.append(m_pReply->readAll());
+    } else {
+        m_received.resize(held + static_cast<int>(available));
+        const qint64 read = m_pReply->read(m_received.data() + held, available);
+        m_received.resize(held + static_cast<int>(qMax<qint64>(read, 0)));
+    }
     m_stallTimer.start();
 }
 
 void CLmFtpClientLink::OnProgress(qint64 nReceived, qint64 nTotal)
 {
-    if (nTotal > 0 && m_nExpected < 0) {
-        m_nExpected = nTotal;
-        m_received.reserve(static_cast<int>(qMin<qint64>(nTotal, std::numeric_limits<int>::max())));
-    }
+    if (m_nExpected < 0)
+        ExpectSize(nTotal);
     emit downloadProgress(nReceived, nTotal);
+}
+
+void CLmFtpClientLink::ExpectSize(qint64 nSize)
+{
+    if (nSize <= 0)
+        return;
+    m_nExpected = nSize;
+    m_received.reserve(static_cast<int>(qMin<qint64>(nSize, std::numeric_limits<int>::max())));
 }
 
 void CLmFtpClientLink::OnFinished()

@@ -46,6 +46,8 @@ signals:
 private:
     void OnReadyRead();
     void OnProgress(qint64 nReceived, qint64 nTotal);
+    // Makes room for the whole file once its size is known.
+    void ExpectSize(qint64 nSize);
     void OnFinished();
     void OnStalled();
     void Fail();
