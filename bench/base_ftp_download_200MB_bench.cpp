@@ -1,6 +1,8 @@
 // FTP download of a 200 MB static file from skybase's FTP server with the
 // link library's FTP client, against curl fetching the same file from the
-// same server in the same run. Rounds alternate; the best of each side counts.
+// same server in the same run. Each round runs the two back to back, so
+// both meet the same load on a shared machine; the figure is the median of
+// the rounds' ratios, the rates are the best of each side.
 //
 // base_ftp_download_200MB: the client's work ends with the file's bytes held
 // in memory (the page takes them from there); curl's ends with the file on a
@@ -19,7 +21,9 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -101,6 +105,12 @@ double CurlDownload(quint16 port, const QString& target)
     return report.size() == 2 && report.at(1).toLongLong() == kFileSize ? report.at(0).toDouble() : -1.0;
 }
 
+double Median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
 }  // namespace
 
 int main(int argc, char* argv[])
@@ -122,15 +132,19 @@ int main(int argc, char* argv[])
                                                                      : QString());
     STimes ours{1e9, 1e9};
     double curlToMemory = 1e9, curlToDisk = 1e9;
+    std::vector<double> heldRatios, savedRatios;
     for (int round = 0; round < kRounds; ++round) {
         STimes times;
         const double toMemory = CurlDownload(port, memory.filePath(QStringLiteral("curl.GNS")));
         QFile::remove(memory.filePath(QStringLiteral("curl.GNS")));
+        const bool oursOk = OurDownload(port, work.filePath(QStringLiteral("ours.GNS")), times);
         const double toDisk = CurlDownload(port, work.filePath(QStringLiteral("curl.GNS")));
-        if (toMemory <= 0 || toDisk <= 0 || !OurDownload(port, work.filePath(QStringLiteral("ours.GNS")), times)) {
+        if (toMemory <= 0 || toDisk <= 0 || !oursOk) {
             std::fprintf(stderr, "base_ftp_download: a download failed\n");
             return 1;
         }
+        heldRatios.push_back(toMemory / times.held);
+        savedRatios.push_back(toDisk / times.saved);
         curlToMemory = qMin(curlToMemory, toMemory);
         curlToDisk = qMin(curlToDisk, toDisk);
         ours.held = qMin(ours.held, times.held);
@@ -141,9 +155,9 @@ int main(int argc, char* argv[])
     const auto rate = [](double seconds) { return kFileSize / seconds / 1e6; };
     std::printf("base_ftp_download_200MB: %.1f %% of ceiling (%.1f MB/s held in memory; ceiling curl %.1f MB/s into "
                 "memory from the same server; target >= 90 %%)\n",
-                100.0 * curlToMemory / ours.held, rate(ours.held), rate(curlToMemory));
+                100.0 * Median(heldRatios), rate(ours.held), rate(curlToMemory));
     std::printf("base_ftp_download_200MB_saved: %.1f %% of ceiling (%.1f MB/s written after the transfer; ceiling "
                 "curl %.1f MB/s writing the disk file as it receives)\n",
-                100.0 * curlToDisk / ours.saved, rate(ours.saved), rate(curlToDisk));
+                100.0 * Median(savedRatios), rate(ours.saved), rate(curlToDisk));
     return 0;
 }
