@@ -13,3 +13,5 @@ Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceParam)
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstancePush)
 // sky.linkinstance.usb: the removable disks.
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceUsb)
+// sky.linkinstance.raw: the GNSS receiver's raw-data folders fetched over the aircraft link.
+Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceRaw)

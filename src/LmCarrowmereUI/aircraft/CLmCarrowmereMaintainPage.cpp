@@ -1,6 +1,7 @@
 #include "CLmCarrowmereMaintainPage.h"
 
 #include "CLmPlaneStatus.h"
+#include "CLmRawDataDownloadWgt.h"
 #include "CLmUavSettings.h"
 #include "ui_CLmCarrowmereMaintainPage.h"
 
@@ -26,6 +27,7 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     , m_pSectionEntries(new QButtonGroup(this))
     , m_pPlaneStatus(new CLmPlaneStatus)
     , m_pUavSettings(new CLmUavSettings)
+    , m_pRawDataDownload(new CLmRawDataDownloadWgt)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_StyledBackground);
@@ -38,6 +40,7 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     // list the same way; their entries stay hidden until their section is added.
     AddSection(m_pUi->m_pBtnPlaneStatus, m_pPlaneStatus);
     AddSection(m_pUi->m_pBtnUavSettings, m_pUavSettings);
+    AddSection(m_pUi->m_pBtnDataDownload, m_pRawDataDownload);
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
     SetUsbDisks({});
@@ -105,6 +108,7 @@ void CLmCarrowmereMaintainPage::HandUasToSections()
 {
     m_pPlaneStatus->SetUas(m_pUas);
     m_pUavSettings->SetUas(m_pUas);
+    m_pRawDataDownload->SetCurrentUas(m_pUas);
     Q_EMIT CurrentUasChanged(m_pUas);
 }
 

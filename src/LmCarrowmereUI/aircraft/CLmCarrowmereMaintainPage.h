@@ -9,6 +9,7 @@ namespace Ui {
 class CLmCarrowmereMaintainPage;
 }
 class CLmPlaneStatus;
+class CLmRawDataDownloadWgt;
 class CLmUasProvide;
 class CLmUavSettings;
 class QAbstractButton;
@@ -67,6 +68,7 @@ private:
     QButtonGroup* m_pSectionEntries;
     CLmPlaneStatus* m_pPlaneStatus;
     CLmUavSettings* m_pUavSettings;
+    CLmRawDataDownloadWgt* m_pRawDataDownload;
     QWidget* m_pMainWindow = nullptr;
     CLmUasProvide* m_pUas = nullptr;
     bool m_bDeviceConnectionArmed = true;
