@@ -55,7 +55,8 @@ void CLmRawDataDownloadController::SetUas(CLmUasProvide* pUas)
 {
     if (pUas == m_pUas && (pUas || !m_pLink))
         return;
-    if (m_bDownloading)
+    const bool bWasDownloading = m_bDownloading;
+    if (bWasDownloading)
         StopDownload(tr("The aircraft disconnected; the download stopped. Unfinished files were removed."));
     m_pDownloader->SetLink(nullptr);
     delete m_pLink;
@@ -64,7 +65,7 @@ void CLmRawDataDownloadController::SetUas(CLmUasProvide* pUas)
     m_pDownloader->ClearFolders();
     emit FoldersChanged();
     if (!m_pUas) {
-        if (!m_bDownloading)
+        if (!bWasDownloading)
             SetStatus(tr("No aircraft connected."));
         return;
     }
