@@ -126,5 +126,6 @@ void CLmRawDataDownloadWgt::UpdateButtons()
     m_pUi->m_pBtnRawDownload->setEnabled(bHeld && !bDownloading && m_pUi->m_pTreeRawFolders->topLevelItemCount() > 0);
     m_pUi->m_pBtnRawStop->setEnabled(bDownloading);
     m_pUi->m_pBtnRawBrowse->setEnabled(!bDownloading);
+    m_pUi->m_pBtnSelectAll->setEnabled(!bDownloading);
     m_pUi->m_pTreeRawFolders->setEnabled(!bDownloading);
 }
