@@ -35,8 +35,6 @@ CLmRtkDataLink::CLmRtkDataLink(CLmUasProvide* pUas, QObject* parent, CLmClock* p
     m_pClock->setParent(this);
     m_pClock->SetSingleShot(true);
     connect(m_pClock, &CLmClock::timeout, this, &CLmRtkDataLink::OnQuiet);
-    if (m_pUas)
-        connect(m_pUas, &CLmUasProvide::messageReceived, this, &CLmRtkDataLink::OnMessage);
 }
 
 CLmUasProvide* CLmRtkDataLink::Uas() const
@@ -84,6 +82,8 @@ void CLmRtkDataLink::Begin(ERequest request)
     m_bProgress = false;
     m_bLastEntryHeld = false;
     m_setPassedOn.clear();
+    if (m_pUas)
+        connect(m_pUas, &CLmUasProvide::messageReceived, this, &CLmRtkDataLink::OnMessage, Qt::UniqueConnection);
     SendRunningRequest();
 }
 
@@ -92,6 +92,8 @@ void CLmRtkDataLink::Finish()
     m_eRequest = ERequest::None;
     m_pClock->Stop();
     m_mapAhead.clear();
+    if (m_pUas)
+        disconnect(m_pUas, &CLmUasProvide::messageReceived, this, &CLmRtkDataLink::OnMessage);
 }
 
 void CLmRtkDataLink::SendRunningRequest()

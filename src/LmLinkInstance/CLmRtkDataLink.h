@@ -23,7 +23,8 @@ class CLmUasProvide;
 // the first hole is requested at once; when nothing arrives for the quiet
 // time the request (or the first hole) is sent again. A quiet time that
 // brought nothing new uses up one retry; with all retries used up
-// RtkRequestFailed ends the request.
+// RtkRequestFailed ends the request. The aircraft's frames are listened to
+// only while a request runs.
 class CLmRtkDataLink : public QObject
 {
     Q_OBJECT
