@@ -13,6 +13,7 @@ PACKAGES=(
   libgeonames-dev libgeonames0
   fonts-dejavu-core
   desktop-file-utils appstream dpkg-dev qttranslations5-l10n fonts-noto-cjk
+  tzdata
 )
 missing=()
 for p in "${PACKAGES[@]}"; do

@@ -32,6 +32,10 @@ struct SimOptions {
     uint32_t parachuteCount = 0; // parachute deployments over the aircraft's life
     int logCount = 3;
     uint32_t logSize = 100000;
+    int rawFolders = 2;                 // GNSS receiver raw-data folders
+    int rawEntries = 3;                 // entries per folder: one .pvt and the .atom parts
+    uint32_t rawEntrySize = 20000;
+    uint32_t rawFirstTimeUtc = 1714550400; // 2024-05-01 08:00:00 UTC
 
     double linkRate = 0.0;  // bytes per second, 0 for unlimited
     double lossPercent = 0.0;

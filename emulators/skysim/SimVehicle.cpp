@@ -24,6 +24,8 @@ SimVehicle::SimVehicle(const SimOptions& options, SimTransport& transport, QObje
     , m_parameters(options.airframe, options.systemId, options.parameterCount)
     , m_logs(options.logCount, options.logSize)
     , m_logStreamer(m_logs, m_encoder, transport)
+    , m_rawData(options.rawFolders, options.rawEntries, options.rawEntrySize, options.rawFirstTimeUtc)
+    , m_rawDataStreamer(m_rawData, m_encoder, transport)
     , m_commandGate(options.noAck, options.ackOnRetry)
     , m_parachuteOpenCount(options.parachuteCount)
     , m_failureCodes(options.failureCodes)
@@ -69,6 +71,10 @@ void SimVehicle::dispatch(const mavlink_message_t& message)
     case MSG_ID_LOG_REQUEST_DATA: handleLogRequestData(message); break;
     case MSG_ID_LOG_REQUEST_END: handleLogRequestEnd(message); break;
     case MSG_ID_LOG_ERASE: handleLogErase(message); break;
+    case MSG_ID_SKY_RAW_FOLDER_REQUEST_LIST: handleRawFolderRequestList(message); break;
+    case MSG_ID_SKY_RAW_ENTRY_REQUEST_LIST: handleRawEntryRequestList(message); break;
+    case MSG_ID_SKY_RAW_ENTRY_REQUEST_DATA: handleRawEntryRequestData(message); break;
+    case MSG_ID_SKY_RAW_REQUEST_END: handleRawRequestEnd(message); break;
     case MSG_ID_SKY_PARACHUTE_COUNT_REQUEST: handleParachuteCountRequest(message); break;
     case MSG_ID_SKY_PARACHUTE_ROPE_RESET: handleRopeReset(message); break;
     default: break; // heartbeats of the ground station and anything an autopilot need not answer
@@ -356,6 +362,64 @@ void SimVehicle::handleLogErase(const mavlink_message_t& message)
         return;
     m_logStreamer.stop();
     m_logs.eraseAll();
+}
+
+// ---- GNSS receiver raw data ----
+
+void SimVehicle::handleRawFolderRequestList(const mavlink_message_t& message)
+{
+    const SSkyRawFolderRequestList request = SSkyRawFolderRequestList::Unpack(message);
+    if (!isForMe(request.target_system))
+        return;
+    const QVector<SimRawDataStore::SFolder>& folders = m_rawData.folders();
+    if (folders.isEmpty()) {
+        send(SSkyRawFolderEntry{});
+        return;
+    }
+    for (const SimRawDataStore::SFolder& folder : folders) {
+        if (folder.id < request.start || folder.id > request.end)
+            continue;
+        SSkyRawFolderEntry reply;
+        reply.folder_id = folder.id;
+        reply.folder_size = m_rawData.folderSize();
+        reply.last_folder_num = folders.last().id;
+        reply.folder_count = static_cast<uint16_t>(folders.size());
+        reply.time_utc = folder.timeUtc;
+        setFieldText(reply.text, folder.label);
+        send(reply);
+    }
+}
+
+void SimVehicle::handleRawEntryRequestList(const mavlink_message_t& message)
+{
+    const SSkyRawEntryRequestList request = SSkyRawEntryRequestList::Unpack(message);
+    const SimRawDataStore::SFolder* folder = m_rawData.find(request.folder_id);
+    if (!isForMe(request.target_system) || !folder)
+        return;
+    const int entries = m_rawData.entriesPerFolder();
+    for (int id = request.start; id < entries && id <= request.end; ++id) {
+        SSkyRawEntry reply;
+        reply.folder_id = folder->id;
+        reply.entry_id = static_cast<uint16_t>(id);
+        reply.last_entry_num = static_cast<uint16_t>(entries - 1);
+        reply.entry_count = static_cast<uint16_t>(entries);
+        reply.size = m_rawData.entrySize();
+        reply.time_utc = folder->timeUtc + static_cast<uint32_t>(id) * SimRawDataStore::ENTRY_SPACING_S;
+        send(reply);
+    }
+}
+
+void SimVehicle::handleRawEntryRequestData(const mavlink_message_t& message)
+{
+    const SSkyRawEntryRequestData request = SSkyRawEntryRequestData::Unpack(message);
+    if (isForMe(request.target_system))
+        m_rawDataStreamer.start(request.folder_id, request.entry_id, request.ofs, request.count);
+}
+
+void SimVehicle::handleRawRequestEnd(const mavlink_message_t& message)
+{
+    if (isForMe(SSkyRawRequestEnd::Unpack(message).target_system))
+        m_rawDataStreamer.stop();
 }
 
 // ---- parachute ----

@@ -4,6 +4,8 @@
 #include "CLmMavlinkParser.h"
 #include "SimCommandGate.h"
 #include "SimLogStore.h"
+#include "SimRawDataStore.h"
+#include "SimRawDataStreamer.h"
 #include "SimLogStreamer.h"
 #include "SimOptions.h"
 #include "SimParameters.h"
@@ -79,6 +81,11 @@ private:
     void handleLogRequestEnd(const mavlink_message_t& message);
     void handleLogErase(const mavlink_message_t& message);
 
+    void handleRawFolderRequestList(const mavlink_message_t& message);
+    void handleRawEntryRequestList(const mavlink_message_t& message);
+    void handleRawEntryRequestData(const mavlink_message_t& message);
+    void handleRawRequestEnd(const mavlink_message_t& message);
+
     void handleParachuteCountRequest(const mavlink_message_t& message);
     void handleRopeReset(const mavlink_message_t& message);
 
@@ -90,6 +97,8 @@ private:
     SimParameters m_parameters;
     SimLogStore m_logs;
     SimLogStreamer m_logStreamer;
+    SimRawDataStore m_rawData;
+    SimRawDataStreamer m_rawDataStreamer;
     SimCommandGate m_commandGate;
 
     QElapsedTimer m_uptime;

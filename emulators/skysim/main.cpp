@@ -44,6 +44,19 @@ struct SOptionSet {
                             QStringLiteral("N"), QStringLiteral("3")};
     QCommandLineOption logSize{QStringLiteral("log-size"), QStringLiteral("Size of each log (default 100000)."),
                                QStringLiteral("BYTES"), QStringLiteral("100000")};
+    QCommandLineOption rawFolders{QStringLiteral("raw-folders"),
+                                  QStringLiteral("GNSS receiver raw-data folders (default 2)."), QStringLiteral("N"),
+                                  QStringLiteral("2")};
+    QCommandLineOption rawEntries{QStringLiteral("raw-entries"),
+                                  QStringLiteral("Entries per raw-data folder, 1 to 255 (default 3)."),
+                                  QStringLiteral("N"), QStringLiteral("3")};
+    QCommandLineOption rawEntrySize{QStringLiteral("raw-entry-size"),
+                                    QStringLiteral("Size of each raw-data entry (default 20000)."),
+                                    QStringLiteral("BYTES"), QStringLiteral("20000")};
+    QCommandLineOption rawFirstTime{QStringLiteral("raw-first-time"),
+                                    QStringLiteral("Recording time of folder 1, seconds since 1970 UTC "
+                                                   "(default 1714550400); the next ones an hour apart."),
+                                    QStringLiteral("SECONDS"), QStringLiteral("1714550400")};
     QCommandLineOption linkRate{QStringLiteral("link-rate"),
                                 QStringLiteral("Pace all output to this rate (default 0: unlimited)."),
                                 QStringLiteral("BYTES_PER_S"), QStringLiteral("0")};
@@ -84,7 +97,7 @@ struct SOptionSet {
     {
         return {type, udp, bind, serial, baud, sysid, firmware, statusRate, parachuteCount, logs, logSize,
                 linkRate, loss, seed, noAck, ackOnRetry, silentAfter, silentFor, batteries, cells, lowCell,
-                missingBattery, failureCodes, params};
+                missingBattery, failureCodes, params, rawFolders, rawEntries, rawEntrySize, rawFirstTime};
     }
 };
 
@@ -162,6 +175,21 @@ bool parseNumbers(const QCommandLineParser& parser, const SOptionSet& set, SimOp
     options.linkRate = *linkRate;
     options.lossPercent = *loss;
     options.seed = static_cast<uint32_t>(*seed);
+    return true;
+}
+
+bool parseRawData(const QCommandLineParser& parser, const SOptionSet& set, SimOptions& options)
+{
+    const auto folders = number(parser, set.rawFolders, 0, 65534);
+    const auto entries = number(parser, set.rawEntries, 1, 255);
+    const auto entrySize = number(parser, set.rawEntrySize, 0, 16e6); // 255 entries still fit a 32-bit folder size
+    const auto firstTime = number(parser, set.rawFirstTime, 0, 4e9);
+    if (!folders || !entries || !entrySize || !firstTime)
+        return false;
+    options.rawFolders = static_cast<int>(*folders);
+    options.rawEntries = static_cast<int>(*entries);
+    options.rawEntrySize = static_cast<uint32_t>(*entrySize);
+    options.rawFirstTimeUtc = static_cast<uint32_t>(*firstTime);
     return true;
 }
 
@@ -266,7 +294,8 @@ std::optional<SimOptions> parseOptions(const QCoreApplication& app)
     SimOptions options;
     if (!parseAirframe(parser.value(set.type), options) || !parseLink(parser, set, options)
         || !parseNumbers(parser, set, options) || !parseSilence(parser, set, options)
-        || !parseBatteries(parser, set, options) || !parseFaultsAndParameters(parser, set, options))
+        || !parseBatteries(parser, set, options) || !parseFaultsAndParameters(parser, set, options)
+        || !parseRawData(parser, set, options))
         return std::nullopt;
     options.firmware = parser.value(set.firmware);
     options.noAck = parser.isSet(set.noAck);

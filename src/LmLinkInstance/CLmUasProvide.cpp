@@ -233,6 +233,39 @@ void CLmUasProvide::EraseAllLogs()
     SendRequest<SLogErase>(m_iComponentId);
 }
 
+void CLmUasProvide::RequestRawFolderList(quint16 start, quint16 end)
+{
+    SendRequest<SSkyRawFolderRequestList>(m_iComponentId, [start, end](SSkyRawFolderRequestList& request) {
+        request.start = start;
+        request.end = end;
+    });
+}
+
+void CLmUasProvide::RequestRawEntryList(quint16 folderId, quint16 start, quint16 end)
+{
+    SendRequest<SSkyRawEntryRequestList>(m_iComponentId, [folderId, start, end](SSkyRawEntryRequestList& request) {
+        request.folder_id = folderId;
+        request.start = start;
+        request.end = end;
+    });
+}
+
+void CLmUasProvide::RequestRawEntryData(quint16 folderId, quint16 entryId, quint32 offset, quint32 count)
+{
+    SendRequest<SSkyRawEntryRequestData>(m_iComponentId,
+                                         [folderId, entryId, offset, count](SSkyRawEntryRequestData& request) {
+                                             request.folder_id = folderId;
+                                             request.entry_id = entryId;
+                                             request.ofs = offset;
+                                             request.count = count;
+                                         });
+}
+
+void CLmUasProvide::RequestRawEnd()
+{
+    SendRequest<SSkyRawRequestEnd>(m_iComponentId);
+}
+
 void CLmUasProvide::RequestParameterList()
 {
     SendRequest<SParamRequestList>(m_iComponentId);

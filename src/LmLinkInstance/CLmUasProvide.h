@@ -69,6 +69,13 @@ public:
     void RequestLogData(quint16 logId, quint32 offset, quint32 count);
     void RequestLogEnd();
     void EraseAllLogs();
+    // The GNSS receiver's raw-data folders (SKY_RAW_* messages; what comes
+    // back is read by CLmRtkDataLink from messageReceived).
+    void RequestRawFolderList(quint16 start, quint16 end);
+    void RequestRawEntryList(quint16 folderId, quint16 start, quint16 end);
+    // count 0xFFFFFFFF asks for everything from offset to the end.
+    void RequestRawEntryData(quint16 folderId, quint16 entryId, quint32 offset, quint32 count);
+    void RequestRawEnd();
     void RequestParameterList();
     void RequestParameter(const QString& name);
     void RequestParameterByIndex(int index);

@@ -15,3 +15,5 @@ Q_DECLARE_LOGGING_CATEGORY(lcLinkInstancePush)
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceUsb)
 // sky.linkinstance.base: the GNSS base station's control link and FTP downloads.
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceBase)
+// sky.linkinstance.raw: the GNSS receiver's raw-data folders fetched over the aircraft link.
+Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceRaw)

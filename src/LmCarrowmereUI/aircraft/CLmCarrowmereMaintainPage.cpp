@@ -1,6 +1,7 @@
 #include "CLmCarrowmereMaintainPage.h"
 
 #include "CLmPlaneStatus.h"
+#include "CLmRawDataDownloadWgt.h"
 #include "CLmUavSettings.h"
 #include "ui_CLmCarrowmereMaintainPage.h"
 
@@ -45,6 +46,11 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
         m_pUavSettings = new CLmUavSettings;
         m_pUavSettings->SetUas(m_pUas);
         return m_pUavSettings;
+    });
+    AddSection(m_pUi->m_pBtnDataDownload, [this] {
+        m_pRawDataDownload = new CLmRawDataDownloadWgt;
+        m_pRawDataDownload->SetCurrentUas(m_pUas);
+        return m_pRawDataDownload;
     });
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
@@ -125,6 +131,8 @@ void CLmCarrowmereMaintainPage::HandUasToSections()
         m_pPlaneStatus->SetUas(m_pUas);
     if (m_pUavSettings)
         m_pUavSettings->SetUas(m_pUas);
+    if (m_pRawDataDownload)
+        m_pRawDataDownload->SetCurrentUas(m_pUas);
     Q_EMIT CurrentUasChanged(m_pUas);
 }
 

@@ -11,6 +11,7 @@ namespace Ui {
 class CLmCarrowmereMaintainPage;
 }
 class CLmPlaneStatus;
+class CLmRawDataDownloadWgt;
 class CLmUasProvide;
 class CLmUavSettings;
 class QAbstractButton;
@@ -74,6 +75,7 @@ private:
     QHash<int, SectionFactory> m_mapUnbuiltSections;
     CLmPlaneStatus* m_pPlaneStatus = nullptr;
     CLmUavSettings* m_pUavSettings = nullptr;
+    CLmRawDataDownloadWgt* m_pRawDataDownload = nullptr;
     QWidget* m_pMainWindow = nullptr;
     CLmUasProvide* m_pUas = nullptr;
     bool m_bDeviceConnectionArmed = true;
