@@ -1137,6 +1137,122 @@
     </message>
 </context>
 <context>
+    <name>CLmRawDataDownloadController</name>
+    <message>
+        <source>No aircraft connected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft disconnected; the download stopped. Unfinished files were removed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the receiver&apos;s folders...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose the folders to download.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Downloading %n folder(s) to %1...</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Download stopped. Unfinished files were removed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver holds no raw data.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n folder(s) on the receiver.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The receiver stopped answering; the download stopped. Unfinished files were removed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver did not answer. Refresh to ask again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Download finished: %n file(s) in %1.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CLmRawDataDownloadWgt</name>
+    <message>
+        <source>Data download</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiver raw data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiver label</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save to</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save raw data to</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CLmRegisterDialog</name>
     <message>
         <source>Create a Tolva Cloud account</source>
@@ -1274,6 +1390,20 @@
     </message>
     <message>
         <source>driver %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmTrimbleDataDownloadObject</name>
+    <message>
+        <source>Download </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmTrimbleDataWrite</name>
+    <message>
+        <source>cannot rename the finished file</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

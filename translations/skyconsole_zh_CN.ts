@@ -1137,6 +1137,122 @@
     </message>
 </context>
 <context>
+    <name>CLmRawDataDownloadController</name>
+    <message>
+        <source>No aircraft connected.</source>
+        <translation>未连接飞机。</translation>
+    </message>
+    <message>
+        <source>The aircraft disconnected; the download stopped. Unfinished files were removed.</source>
+        <translation>飞机已断开，下载已停止。未完成的文件已删除。</translation>
+    </message>
+    <message>
+        <source>Reading the receiver&apos;s folders...</source>
+        <translation>正在读取接收机的文件夹……</translation>
+    </message>
+    <message>
+        <source>Choose the folders to download.</source>
+        <translation>请选择要下载的文件夹。</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be written.</source>
+        <translation>文件夹 %1 无法写入。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Downloading %n folder(s) to %1...</source>
+        <translation>
+            <numerusform>正在下载 %n 个文件夹到 %1……</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Download stopped. Unfinished files were removed.</source>
+        <translation>下载已停止。未完成的文件已删除。</translation>
+    </message>
+    <message>
+        <source>The receiver holds no raw data.</source>
+        <translation>接收机中没有原始数据。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n folder(s) on the receiver.</source>
+        <translation>
+            <numerusform>接收机中有 %n 个文件夹。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The receiver stopped answering; the download stopped. Unfinished files were removed.</source>
+        <translation>接收机停止响应，下载已停止。未完成的文件已删除。</translation>
+    </message>
+    <message>
+        <source>The receiver did not answer. Refresh to ask again.</source>
+        <translation>接收机没有响应。请刷新以重新请求。</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>无法写入 %1：%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>Download finished: %n file(s) in %1.</source>
+        <translation>
+            <numerusform>下载完成：%n 个文件，位于 %1。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CLmRawDataDownloadWgt</name>
+    <message>
+        <source>Data download</source>
+        <translation>数据下载</translation>
+    </message>
+    <message>
+        <source>Receiver raw data</source>
+        <translation>接收机原始数据</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Recorded</source>
+        <translation>记录时间</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>Receiver label</source>
+        <translation>接收机标签</translation>
+    </message>
+    <message>
+        <source>Save to</source>
+        <translation>保存到</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>浏览……</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Save raw data to</source>
+        <translation>原始数据保存到</translation>
+    </message>
+</context>
+<context>
     <name>CLmRegisterDialog</name>
     <message>
         <source>Create a Tolva Cloud account</source>
@@ -1275,6 +1391,20 @@
     <message>
         <source>driver %1</source>
         <translation>驱动 %1</translation>
+    </message>
+</context>
+<context>
+    <name>CLmTrimbleDataDownloadObject</name>
+    <message>
+        <source>Download </source>
+        <translation>下载 </translation>
+    </message>
+</context>
+<context>
+    <name>CLmTrimbleDataWrite</name>
+    <message>
+        <source>cannot rename the finished file</source>
+        <translation>无法重命名已完成的文件</translation>
     </message>
 </context>
 <context>
