@@ -35,6 +35,7 @@ const SDefault kDefaults[] = {
     {"aircraft/serial_ports", "auto"},
     {"aircraft/serial_baud", "57600"},
     {"aircraft/heartbeat_timeout_ms", "3500"},
+    {"storage/base_url", ""},
 };
 
 QString EnvironmentName(const QString& groupKey)

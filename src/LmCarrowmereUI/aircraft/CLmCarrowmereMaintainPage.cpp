@@ -1,5 +1,6 @@
 #include "CLmCarrowmereMaintainPage.h"
 
+#include "CLmFaultDiagnosisSection.h"
 #include "CLmPlaneStatus.h"
 #include "CLmUavSettings.h"
 #include "ui_CLmCarrowmereMaintainPage.h"
@@ -26,6 +27,7 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     , m_pSectionEntries(new QButtonGroup(this))
     , m_pPlaneStatus(new CLmPlaneStatus)
     , m_pUavSettings(new CLmUavSettings)
+    , m_pFaultDiagnosis(new CLmFaultDiagnosisSection)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_StyledBackground);
@@ -34,10 +36,11 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     m_pUi->m_pLabelPendingRequest->setVisible(false);
     connect(m_pUi->m_pBtnBackHome, &QPushButton::clicked, this, &CLmCarrowmereMaintainPage::BackToHome);
     m_pSectionEntries->addButton(m_pUi->m_pBtnOverview, kOverviewSection);
-    // Fault diagnosis (flight logs), base station and data download join the
-    // list the same way; their entries stay hidden until their section is added.
+    // Base station and data download join the list the same way; their
+    // entries stay hidden until their section is added.
     AddSection(m_pUi->m_pBtnPlaneStatus, m_pPlaneStatus);
     AddSection(m_pUi->m_pBtnUavSettings, m_pUavSettings);
+    AddSection(m_pUi->m_pBtnFaultDiagnosis, m_pFaultDiagnosis);
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
     SetUsbDisks({});
@@ -105,6 +108,7 @@ void CLmCarrowmereMaintainPage::HandUasToSections()
 {
     m_pPlaneStatus->SetUas(m_pUas);
     m_pUavSettings->SetUas(m_pUas);
+    m_pFaultDiagnosis->SetCurrentUas(m_pUas);
     Q_EMIT CurrentUasChanged(m_pUas);
 }
 

@@ -8,6 +8,7 @@
 namespace Ui {
 class CLmCarrowmereMaintainPage;
 }
+class CLmFaultDiagnosisSection;
 class CLmPlaneStatus;
 class CLmUasProvide;
 class CLmUavSettings;
@@ -67,6 +68,7 @@ private:
     QButtonGroup* m_pSectionEntries;
     CLmPlaneStatus* m_pPlaneStatus;
     CLmUavSettings* m_pUavSettings;
+    CLmFaultDiagnosisSection* m_pFaultDiagnosis;
     QWidget* m_pMainWindow = nullptr;
     CLmUasProvide* m_pUas = nullptr;
     bool m_bDeviceConnectionArmed = true;
