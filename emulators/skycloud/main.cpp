@@ -2,8 +2,12 @@
 #include "CloudServer.h"
 #include "CloudStore.h"
 #include "DemoSeeder.h"
+#include "FaultReportEndpoints.h"
+#include "FaultReportStore.h"
 #include "FlightEndpoints.h"
 #include "FlightStore.h"
+#include "LogStorageEndpoints.h"
+#include "LogStorageStore.h"
 #include "ProjectEndpoints.h"
 #include "ProjectStore.h"
 #include "PushChannel.h"
@@ -111,11 +115,18 @@ int main(int argc, char* argv[])
     if (!shares.Open(&error))
         return Fail(error);
 
+    LogStorageStore logStorage(parser.value(dataOption));
+    if (!logStorage.Open(&error))
+        return Fail(error);
+    FaultReportStore faultReports(parser.value(dataOption));
+
     PushChannel channel(store);
     CloudServer server(store, channel, shelf, parser.isSet(exposeCodesOption));
     server.AddGroup(std::make_unique<ProjectEndpoints>(store, projects));
     server.AddGroup(std::make_unique<FlightEndpoints>(store, flights));
     server.AddGroup(std::make_unique<ShareEndpoints>(store, projects, shares, channel));
+    server.AddGroup(std::make_unique<LogStorageEndpoints>(store, logStorage));
+    server.AddGroup(std::make_unique<FaultReportEndpoints>(store, faultReports));
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));
