@@ -149,7 +149,6 @@ void CLmLogUploadController::PostStart(const QByteArray& sha1Hex)
     }
     m_strUrl = UploadUrl(GetCurUserInfo().strAccount, QDateTime::currentDateTime(),
                          QFileInfo(m_strFilePath).fileName());
-    m_nSliceOffset = 0;
     Q_EMIT StatusText(tr("Is uploading"));
     PostToStorage(LmLogMultipart::StartBody(m_nFileSize, sha1Hex), &CLmLogUploadController::slotStartUpRequest);
 }
@@ -166,7 +165,8 @@ void CLmLogUploadController::PostToStorage(const QByteArray& body,
     connect(upload, &CLmUpLoadObject::UpLoadFinished, upload, &QObject::deleteLater);
     connect(upload, &CLmUpLoadObject::UpLoadNetWorkError, upload, &QObject::deleteLater);
     connect(upload, &CLmUpLoadObject::UpLoadFinished, this, onReply);
-    connect(upload, &CLmUpLoadObject::UpLoadProcess, this, &CLmLogUploadController::slotUpLoadProcess);
+    if (onReply == &CLmLogUploadController::slotSliceRequest)
+        connect(upload, &CLmUpLoadObject::UpLoadProcess, this, &CLmLogUploadController::slotUpLoadProcess);
     connect(upload, &CLmUpLoadObject::UpLoadNetWorkError, this, &CLmLogUploadController::Fail);
     m_pUpload = upload;
     upload->PostNetWorkReplyMessage();
@@ -227,10 +227,9 @@ void CLmLogUploadController::SendSlice(qint64 offset, qint64 sliceSize)
 
 void CLmLogUploadController::slotUpLoadProcess(qlonglong iCur, qlonglong iTotal)
 {
-    if (iTotal <= 0 || m_nFileSize <= 0)
+    if (iTotal <= 0)
         return;
-    const qint64 sent = qMin(m_nFileSize, m_nSliceOffset + iCur);
-    Q_EMIT ProgressShown(tr("Is uploading"), int(sent * 1000 / m_nFileSize), 1000);
+    Q_EMIT ProgressShown(tr("Is uploading"), int(qMin(m_nFileSize, m_nSliceOffset + iCur)), int(m_nFileSize));
 }
 
 void CLmLogUploadController::SendReport(const QString& accessUrl)

@@ -56,6 +56,7 @@ Q_SIGNALS:
     void ButtonsEnabled(bool bEnabled);
     void UploadButtonChanged(bool bEnabled, QString text);
     void StatusText(QString text);
+    // Bytes of the log sent with the slices so far, of the log's size.
     void ProgressShown(QString label, int value, int maximum);
     void Message(QString title, QString text, QString iconPath);
     // The network is down: the dialog offers "Retry".

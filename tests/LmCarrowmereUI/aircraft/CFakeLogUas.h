@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QStringList>
+#include <QTimer>
 
 // An aircraft handle without a link whose log requests are recorded; the
 // test plays the aircraft's answers through its logEntry and logData signals.
@@ -31,6 +32,8 @@ public:
     void RequestLogData(quint16 logId, quint32 offset, quint32 count) override
     {
         m_lstData.append({logId, offset, count});
+        if (m_nAnswerSize > 0)
+            QTimer::singleShot(0, this, [this, logId, offset, count] { SendRange(logId, offset, count); });
     }
     void RequestLogEnd() override { m_lstOther << QStringLiteral("end"); }
     void EraseAllLogs() override { m_lstOther << QStringLiteral("erase"); }
@@ -47,6 +50,18 @@ public:
         Q_EMIT logData(quint32(systemId), offset, id, count, data);
     }
 
+    // From now on every data request is answered, soon and without loss,
+    // as from logs of this size.
+    void AnswerAsLogsOf(quint32 size) { m_nAnswerSize = size; }
+
+    void SendRange(quint16 id, quint32 offset, quint32 count)
+    {
+        const quint64 end = qMin<quint64>(m_nAnswerSize, quint64(offset) + count);
+        for (quint64 at = offset; at < end; at += CLmLogBlockTable::BlockSize)
+            SendBlock(id, quint32(at), quint8(qMin<quint64>(CLmLogBlockTable::BlockSize, end - at)));
+    }
+
     QList<SDataRequest> m_lstData;
     QStringList m_lstOther;
+    quint32 m_nAnswerSize = 0;
 };
