@@ -22,7 +22,7 @@
 class LogStorageStore
 {
 public:
-    static constexpr qint64 SliceSize = 1024 * 1024;
+    static constexpr qint64 SliceSize = 4 * 1024 * 1024;
     static constexpr qint64 MaxFileSize = qint64(2) * 1024 * 1024 * 1024;
     static constexpr int AuthorizationSeconds = 600;
 
