@@ -39,13 +39,14 @@ QString AccessUrl(const httplib::Request& req, const QString& name)
 
 // The answer for an upload that stands as state says: the stored file's
 // address, or the session and where its next slice starts.
-void ReplyState(const httplib::Request& req, httplib::Response& res, const LogStorageStore::SState& state)
+void ReplyState(const httplib::Request& req, httplib::Response& res, const LogStorageStore::SState& state,
+                qint64 sliceSize)
 {
     if (!state.strError.isEmpty()) {
         Reply(res, 400, -1, state.strError);
         return;
     }
-    QJsonObject data{{"offset", state.nOffset}, {"slice_size", LogStorageStore::SliceSize}};
+    QJsonObject data{{"offset", state.nOffset}, {"slice_size", sliceSize}};
     if (state.strStoredName.isEmpty())
         data.insert(QStringLiteral("session"), state.strSession);
     else
@@ -107,7 +108,7 @@ void LogStorageEndpoints::StartUpload(const httplib::Request& req, httplib::Resp
 {
     bool isNumber = false;
     const qint64 fileSize = Field(req, "filesize").toLongLong(&isNumber);
-    ReplyState(req, res, m_storage.Start(isNumber ? fileSize : -1, Field(req, "sha").toLatin1()));
+    ReplyState(req, res, m_storage.Start(isNumber ? fileSize : -1, Field(req, "sha").toLatin1()), m_storage.SliceSize());
 }
 
 void LogStorageEndpoints::AppendSlice(const httplib::Request& req, httplib::Response& res, const QString& name)
@@ -121,7 +122,8 @@ void LogStorageEndpoints::AppendSlice(const httplib::Request& req, httplib::Resp
     const std::string& content = req.get_file_value("filecontent").content;
     ReplyState(req, res,
                m_storage.Append(Field(req, "session"), offset,
-                                QByteArray::fromRawData(content.data(), int(content.size())), name));
+                                QByteArray::fromRawData(content.data(), int(content.size())), name),
+               m_storage.SliceSize());
 }
 
 void LogStorageEndpoints::ServeStored(const httplib::Request& req, httplib::Response& res)

@@ -28,8 +28,9 @@ QByteArray Sha1HexOf(const QString& path)
 
 }  // namespace
 
-LogStorageStore::LogStorageStore(const QString& dataDir)
+LogStorageStore::LogStorageStore(const QString& dataDir, qint64 sliceSize)
     : m_strRoot(QDir(dataDir).filePath(QStringLiteral("storage")))
+    , m_nSliceSize(sliceSize)
 {
 }
 

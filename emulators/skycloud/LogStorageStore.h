@@ -22,7 +22,7 @@
 class LogStorageStore
 {
 public:
-    static constexpr qint64 SliceSize = 4 * 1024 * 1024;
+    static constexpr qint64 DefaultSliceSize = 4 * 1024 * 1024;
     static constexpr qint64 MaxFileSize = qint64(2) * 1024 * 1024 * 1024;
     static constexpr int AuthorizationSeconds = 600;
 
@@ -36,7 +36,9 @@ public:
         qint64 nOffset = 0;
     };
 
-    explicit LogStorageStore(const QString& dataDir);
+    LogStorageStore(const QString& dataDir, qint64 sliceSize);
+
+    qint64 SliceSize() const { return m_nSliceSize; }
 
     bool Open(QString* error);
     QByteArray IssueAuthorization(qint64 accountId);
@@ -66,6 +68,7 @@ private:
     SState Complete(const QString& session, const SSession& file, const QString& name);
 
     QString m_strRoot;
+    qint64 m_nSliceSize;
     std::mutex m_mutex;
     QHash<QByteArray, QDateTime> m_authorizations;
 };

@@ -80,6 +80,12 @@ int main(int argc, char* argv[])
         QStringLiteral("offer-updates"),
         QStringLiteral("Seed a new data folder with application and launcher releases newer than this build, so "
                        "the hub offers its updates (otherwise they match this build)."));
+    const QCommandLineOption sliceSizeOption(
+        QStringLiteral("slice-size"),
+        QStringLiteral("Slice size the log storage asks uploads for (default %1).")
+            .arg(LogStorageStore::DefaultSliceSize),
+        QStringLiteral("BYTES"), QString::number(LogStorageStore::DefaultSliceSize));
+    parser.addOption(sliceSizeOption);
     parser.addOptions({portOption, pushPortOption, dataOption, exposeCodesOption, offerUpdatesOption});
     parser.process(app);
 
@@ -115,7 +121,10 @@ int main(int argc, char* argv[])
     if (!shares.Open(&error))
         return Fail(error);
 
-    LogStorageStore logStorage(parser.value(dataOption));
+    const qint64 sliceSize = parser.value(sliceSizeOption).toLongLong();
+    if (sliceSize <= 0)
+        return Fail(QStringLiteral("invalid slice size %1").arg(parser.value(sliceSizeOption)));
+    LogStorageStore logStorage(parser.value(dataOption), sliceSize);
     if (!logStorage.Open(&error))
         return Fail(error);
     FaultReportStore faultReports(parser.value(dataOption));

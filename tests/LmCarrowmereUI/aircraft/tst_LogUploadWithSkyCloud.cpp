@@ -52,13 +52,14 @@ private:
 
 namespace {
 
+constexpr int kSliceSize = 1048576;
 constexpr quint32 kLogSize = 2500000;  // three slices of the storage
 
 }  // namespace
 
 void tst_LogUploadWithSkyCloud::init()
 {
-    m_pCloud = new CSkyCloudProcess;
+    m_pCloud = new CSkyCloudProcess({QStringLiteral("--slice-size"), QString::number(kSliceSize)});
     QVERIFY(m_pCloud->Start());
     SignIn();
     CLmControl::GetInstance()->SetNetWorkState(true);
@@ -163,7 +164,7 @@ void tst_LogUploadWithSkyCloud::slicesReachTheStorage_data()
     // where the first slice starts, -1 for no slice at all.
     QTest::newRow("new file") << "nothing" << 0;
     QTest::newRow("file already held") << "whole" << -1;
-    QTest::newRow("resumed session") << "first slice" << 1048576;
+    QTest::newRow("resumed session") << "first slice" << kSliceSize;
 }
 
 void tst_LogUploadWithSkyCloud::slicesReachTheStorage()
@@ -175,7 +176,7 @@ void tst_LogUploadWithSkyCloud::slicesReachTheStorage()
     if (held == QLatin1String("whole"))
         PrepareStorage(log, log.size());
     else if (held == QLatin1String("first slice"))
-        PrepareStorage(log, 1048576);
+        PrepareStorage(log, kSliceSize);
     const QString path = DownloadLog(kLogSize);
     QVERIFY(!path.isEmpty());
 
@@ -191,7 +192,7 @@ void tst_LogUploadWithSkyCloud::slicesReachTheStorage()
     } else {
         QVERIFY(!progress.isEmpty());
         const int firstValue = progress.first().at(1).toInt();
-        QVERIFY2(firstValue > firstSliceFrom && firstValue <= firstSliceFrom + 1048576 + 1024,
+        QVERIFY2(firstValue > firstSliceFrom && firstValue <= firstSliceFrom + kSliceSize + 1024,
                  qPrintable(QString::number(firstValue)));
         QCOMPARE(progress.last().at(1).toInt(), int(kLogSize));
     }
