@@ -30,6 +30,7 @@ private Q_SLOTS:
     void slicesReachTheStorage();
     void serviceGoneDuringSlicesResumesLater();
     void unparsableStorageReplyKeepsTheLog();
+    void offlineAsksBeforeSending();
 
 private:
     void SignIn();
@@ -248,6 +249,25 @@ void tst_LogUploadWithSkyCloud::unparsableStorageReplyKeepsTheLog()
     QVERIFY(storage.LastRequest().contains("name=\"sha\""));
     QVERIFY(QFile::exists(path));
     QCOMPARE(ReportCount(), 0);
+}
+
+void tst_LogUploadWithSkyCloud::offlineAsksBeforeSending()
+{
+    const QString path = DownloadLog(3000);
+    QVERIFY(!path.isEmpty());
+    CLmControl::GetInstance()->SetNetWorkState(false);
+    QSignalSpy question(m_pUpload, &CLmLogUploadController::NetworkQuestion);
+    QSignalSpy buttons(m_pUpload, &CLmLogUploadController::ButtonsEnabled);
+    m_pUpload->slotUploadToCloud();
+    QCOMPARE(question.count(), 1);
+    QCOMPARE(buttons.count(), 0);
+
+    // "Retry" once the network is back goes on with the upload.
+    CLmControl::GetInstance()->SetNetWorkState(true);
+    QSignalSpy completed(m_pUpload, &CLmLogUploadController::UploadCompleted);
+    m_pUpload->slotUploadToCloud();
+    QVERIFY(completed.wait(10000));
+    QCOMPARE(ReportCount(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_LogUploadWithSkyCloud)
