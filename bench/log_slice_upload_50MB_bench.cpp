@@ -33,7 +33,7 @@ namespace {
 constexpr int FILE_SIZE = 50 * 1000 * 1000;
 constexpr int GIVE_UP_MS = 120000;
 constexpr double TARGET = 0.70;
-constexpr quint32 ROUNDS = 3;
+constexpr quint32 ROUNDS = 5;
 const QByteArray ACCOUNT = "13800000001";
 
 QByteArray WriteRandomFile(const QString& path, quint32 seed)

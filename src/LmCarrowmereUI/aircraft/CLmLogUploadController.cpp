@@ -12,7 +12,6 @@
 #include "LmCloudRequest.h"
 #include "LmLogMultipart.h"
 
-#include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -22,6 +21,10 @@
 #include <QUrl>
 #include <QtConcurrent>
 
+#include <openssl/evp.h>
+
+#include <memory>
+
 namespace {
 
 // The report type of a fault report that carries a flight log.
@@ -30,13 +33,27 @@ constexpr char kFlightLogReportType[] = "3";
 // shown as it stands.
 constexpr int kAuthorizationRefused = 2;
 
+constexpr qint64 kHashChunkBytes = 1024 * 1024;
+
 QByteArray Sha1HexOfFile(const QString& path)
 {
     QFile file(path);
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
+    if (!file.open(QIODevice::ReadOnly))
         return {};
-    return hash.result().toHex();
+    std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(), &EVP_MD_CTX_free);
+    if (!context || EVP_DigestInit_ex(context.get(), EVP_sha1(), nullptr) != 1)
+        return {};
+    QByteArray chunk(int(kHashChunkBytes), Qt::Uninitialized);
+    qint64 read = 0;
+    while ((read = file.read(chunk.data(), kHashChunkBytes)) > 0) {
+        if (EVP_DigestUpdate(context.get(), chunk.constData(), size_t(read)) != 1)
+            return {};
+    }
+    unsigned char digest[EVP_MAX_MD_SIZE];
+    unsigned int length = 0;
+    if (read < 0 || EVP_DigestFinal_ex(context.get(), digest, &length) != 1)
+        return {};
+    return QByteArray(reinterpret_cast<const char*>(digest), int(length)).toHex();
 }
 
 }  // namespace
