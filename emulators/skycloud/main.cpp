@@ -2,8 +2,12 @@
 #include "CloudServer.h"
 #include "CloudStore.h"
 #include "DemoSeeder.h"
+#include "FaultReportEndpoints.h"
+#include "FaultReportStore.h"
 #include "FlightEndpoints.h"
 #include "FlightStore.h"
+#include "LogStorageEndpoints.h"
+#include "LogStorageStore.h"
 #include "ProjectEndpoints.h"
 #include "ProjectStore.h"
 #include "PushChannel.h"
@@ -76,6 +80,12 @@ int main(int argc, char* argv[])
         QStringLiteral("offer-updates"),
         QStringLiteral("Seed a new data folder with application and launcher releases newer than this build, so "
                        "the hub offers its updates (otherwise they match this build)."));
+    const QCommandLineOption sliceSizeOption(
+        QStringLiteral("slice-size"),
+        QStringLiteral("Slice size the log storage asks uploads for (default %1).")
+            .arg(LogStorageStore::DefaultSliceSize),
+        QStringLiteral("BYTES"), QString::number(LogStorageStore::DefaultSliceSize));
+    parser.addOption(sliceSizeOption);
     parser.addOptions({portOption, pushPortOption, dataOption, exposeCodesOption, offerUpdatesOption});
     parser.process(app);
 
@@ -111,11 +121,21 @@ int main(int argc, char* argv[])
     if (!shares.Open(&error))
         return Fail(error);
 
+    const qint64 sliceSize = parser.value(sliceSizeOption).toLongLong();
+    if (sliceSize <= 0)
+        return Fail(QStringLiteral("invalid slice size %1").arg(parser.value(sliceSizeOption)));
+    LogStorageStore logStorage(parser.value(dataOption), sliceSize);
+    if (!logStorage.Open(&error))
+        return Fail(error);
+    FaultReportStore faultReports(parser.value(dataOption));
+
     PushChannel channel(store);
     CloudServer server(store, channel, shelf, parser.isSet(exposeCodesOption));
     server.AddGroup(std::make_unique<ProjectEndpoints>(store, projects));
     server.AddGroup(std::make_unique<FlightEndpoints>(store, flights));
     server.AddGroup(std::make_unique<ShareEndpoints>(store, projects, shares, channel));
+    server.AddGroup(std::make_unique<LogStorageEndpoints>(store, logStorage));
+    server.AddGroup(std::make_unique<FaultReportEndpoints>(store, faultReports));
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));

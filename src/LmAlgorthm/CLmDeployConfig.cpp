@@ -39,6 +39,7 @@ const SDefault kDefaults[] = {
     {"basestation/host", "127.0.0.1"},
     {"basestation/control_port", "18060"},
     {"basestation/ftp_port", "18061"},
+    {"storage/base_url", ""},
 };
 
 QString EnvironmentName(const QString& groupKey)

@@ -58,3 +58,9 @@ QString GetHelpUrl()
     const QString configured = CLmDeployConfig::Instance().Value(QStringLiteral("help"), QStringLiteral("manual_url"));
     return configured.isEmpty() ? QString::fromUtf8(GetPageIP()) + QStringLiteral("help") : configured;
 }
+
+QByteArray GetStorageIP()
+{
+    const QString storage = CLmDeployConfig::Instance().Value(QStringLiteral("storage"), QStringLiteral("base_url"));
+    return storage.isEmpty() ? GetServerIP() : WithoutTrailingSlash(storage).toUtf8();
+}

@@ -18,3 +18,6 @@ QString GetPushChannelAddress();
 // The GUID the hub passes to every sibling application it starts.
 QString GetLaunchKey();
 QString GetHelpUrl();
+// Base of the cloud storage that keeps uploaded flight logs; without a
+// configured one, the cloud service's own address.
+QByteArray GetStorageIP();

@@ -82,6 +82,11 @@ void CLmMessageBox::SetOkText(const QString& text)
     m_pBtnOk->setText(text);
 }
 
+void CLmMessageBox::SetCancelText(const QString& text)
+{
+    m_pBtnCancel->setText(text);
+}
+
 QString CLmMessageBox::Text() const
 {
     return m_pLabelText->text();

@@ -21,6 +21,8 @@ public:
     void SetBtnHidden(bool bHideOk, bool bHideCancel, bool bHideClose);
     // Names the affirmative button after what it does ("Retry", say).
     void SetOkText(const QString& text);
+    // Names the other button ("Close", say).
+    void SetCancelText(const QString& text);
     QString Text() const;
 
 private:

@@ -64,11 +64,11 @@ public:
                          float param5, float param6, float param7, int targetComponent);
     virtual void SendCommandLong(const CLMCommandLongParam& param);
     void RequestMessage(quint32 messageId, int confirmation = 0);
-    void RequestLogList(quint16 start, quint16 end);
+    virtual void RequestLogList(quint16 start, quint16 end);
     // count 0xFFFFFFFF asks for everything from offset to the end.
-    void RequestLogData(quint16 logId, quint32 offset, quint32 count);
-    void RequestLogEnd();
-    void EraseAllLogs();
+    virtual void RequestLogData(quint16 logId, quint32 offset, quint32 count);
+    virtual void RequestLogEnd();
+    virtual void EraseAllLogs();
     // The GNSS receiver's raw-data folders (SKY_RAW_* messages; what comes
     // back is read by CLmRtkDataLink from messageReceived).
     void RequestRawFolderList(quint16 start, quint16 end);

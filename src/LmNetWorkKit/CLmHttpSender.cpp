@@ -22,6 +22,8 @@ QNetworkReply* CLmHttpSender::Send(const QByteArray& url, const Headers& headers
     request.setTransferTimeout(timeoutMs);
     if (!formBody)
         return ThreadAccessManager()->get(request);
-    request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/x-www-form-urlencoded"));
+    // A caller that names its own content type (a multipart body) keeps it.
+    if (!request.hasRawHeader(QByteArrayLiteral("Content-Type")))
+        request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/x-www-form-urlencoded"));
     return ThreadAccessManager()->post(request, *formBody);
 }

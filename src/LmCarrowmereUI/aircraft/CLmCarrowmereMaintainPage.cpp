@@ -1,5 +1,6 @@
 #include "CLmCarrowmereMaintainPage.h"
 
+#include "CLmFaultDiagnosisSection.h"
 #include "CLmPlaneStatus.h"
 #include "CLmRawDataDownloadWgt.h"
 #include "CLmUavSettings.h"
@@ -51,6 +52,11 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
         m_pRawDataDownload = new CLmRawDataDownloadWgt;
         m_pRawDataDownload->SetCurrentUas(m_pUas);
         return m_pRawDataDownload;
+    });
+    AddSection(m_pUi->m_pBtnFaultDiagnosis, [this] {
+        m_pFaultDiagnosis = new CLmFaultDiagnosisSection;
+        m_pFaultDiagnosis->SetCurrentUas(m_pUas);
+        return m_pFaultDiagnosis;
     });
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
@@ -133,6 +139,8 @@ void CLmCarrowmereMaintainPage::HandUasToSections()
         m_pUavSettings->SetUas(m_pUas);
     if (m_pRawDataDownload)
         m_pRawDataDownload->SetCurrentUas(m_pUas);
+    if (m_pFaultDiagnosis)
+        m_pFaultDiagnosis->SetCurrentUas(m_pUas);
     Q_EMIT CurrentUasChanged(m_pUas);
 }
 

@@ -1,0 +1,274 @@
+#include "CCannedHttpPeer.h"
+#include "CFakeLogUas.h"
+#include "CLmControl.h"
+#include "CLmDeployConfig.h"
+#include "CLmLogDownloadController.h"
+#include "CLmLogUploadController.h"
+#include "CSkyCloudProcess.h"
+#include "LmLogMultipart.h"
+#include "TestSession.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSignalSpy>
+#include <QtTest>
+
+// The upload of downloaded logs through the storage slices of skycloud, with
+// the fault report: a new file, a file the storage already holds, a session
+// the storage resumes, the service going away in the middle and a storage
+// answer that does not parse.
+class tst_LogUploadWithSkyCloud : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void slicesReachTheStorage_data();
+    void slicesReachTheStorage();
+    void serviceGoneDuringSlicesResumesLater();
+    void unparsableStorageReplyKeepsTheLog();
+    void offlineAsksBeforeSending();
+
+private:
+    void SignIn();
+    // Downloads log 1 of this size from the played aircraft; its path.
+    QString DownloadLog(quint32 size);
+    QByteArray ExpectedLog(quint32 size) const;
+    // The stored copies in the storage of skycloud.
+    QStringList StoredLogs() const;
+    int ReportCount() const;
+    // Posts a storage start (and a first slice of sliceBytes when not 0) the
+    // way an earlier, interrupted upload would have.
+    void PrepareStorage(const QByteArray& log, int sliceBytes);
+
+    CSkyCloudProcess* m_pCloud = nullptr;
+    CFakeLogUas* m_pUas = nullptr;
+    CLmLogDownloadController* m_pDownload = nullptr;
+    CLmLogUploadController* m_pUpload = nullptr;
+    QByteArray m_token;
+};
+
+namespace {
+
+constexpr int kSliceSize = 1048576;
+constexpr quint32 kLogSize = 2500000;  // three slices of the storage
+
+}  // namespace
+
+void tst_LogUploadWithSkyCloud::init()
+{
+    m_pCloud = new CSkyCloudProcess({QStringLiteral("--slice-size"), QString::number(kSliceSize)});
+    QVERIFY(m_pCloud->Start());
+    SignIn();
+    CLmControl::GetInstance()->SetNetWorkState(true);
+    m_pUas = new CFakeLogUas;
+    m_pDownload = new CLmLogDownloadController;
+    m_pUpload = new CLmLogUploadController(m_pDownload);
+    CLmLogUploadController::SReport report;
+    report.strSoftwareVersion = QStringLiteral("2.4.1");
+    report.strOsVersion = QStringLiteral("Debian GNU/Linux 12");
+    report.strQuestion = QStringLiteral("Motor 2 stopped in flight & restarted");
+    report.nLevel = 3;
+    m_pUpload->SetReport(report);
+}
+
+void tst_LogUploadWithSkyCloud::cleanup()
+{
+    delete m_pUpload;
+    delete m_pDownload;
+    delete m_pUas;
+    delete m_pCloud;
+    qunsetenv("SKYCONSOLE_STORAGE_BASE_URL");
+    CLmDeployConfig::Reload();
+    QDir(CLmLogDownloadController::LogFolder()).removeRecursively();
+}
+
+void tst_LogUploadWithSkyCloud::SignIn()
+{
+    TestSession::PointCloudAt(m_pCloud->BaseUrl());
+    m_token = m_pCloud->SignIn("13800000001");
+    QVERIFY(!m_token.isEmpty());
+    TestSession::SetSession(QString::fromLatin1(m_token), QStringLiteral("1"));
+}
+
+QString tst_LogUploadWithSkyCloud::DownloadLog(quint32 size)
+{
+    QSignalSpy finished(m_pDownload, &CLmLogDownloadController::LogDownloadFinished);
+    m_pDownload->setActiveUAS(m_pUas);
+    m_pUas->AnswerAsLogsOf(size);
+    Q_EMIT m_pUas->logEntry(1, 1714558927, size, 1, 2, 2);
+    Q_EMIT m_pUas->logEntry(1, 1714558990, size, 2, 2, 2);
+    m_pDownload->Model()->item(0, CLmLogDownloadController::ColumnSelection)->setCheckState(Qt::Checked);
+    if (!m_pDownload->getSelectedLogs() || !finished.wait(20000) || m_pDownload->Waiting().size() != 1)
+        return {};
+    return m_pDownload->Waiting().first().first;
+}
+
+QByteArray tst_LogUploadWithSkyCloud::ExpectedLog(quint32 size) const
+{
+    QByteArray log(int(size), Qt::Uninitialized);
+    for (quint32 offset = 0; offset < size; ++offset)
+        log[int(offset)] = CFakeLogUas::LogByte(1, offset);
+    return log;
+}
+
+QStringList tst_LogUploadWithSkyCloud::StoredLogs() const
+{
+    return QDir(m_pCloud->DataDir() + QStringLiteral("/storage/airlog")).entryList(QDir::Files);
+}
+
+int tst_LogUploadWithSkyCloud::ReportCount() const
+{
+    QFile reports(m_pCloud->DataDir() + QStringLiteral("/bugreports.jsonl"));
+    return reports.open(QIODevice::ReadOnly) ? reports.readAll().count('\n') : 0;
+}
+
+void tst_LogUploadWithSkyCloud::PrepareStorage(const QByteArray& log, int sliceBytes)
+{
+    QNetworkAccessManager network;
+    QNetworkRequest authorization(QUrl(QString::fromLatin1(m_pCloud->BaseUrl() + "/file/authorization")));
+    authorization.setRawHeader("token", m_token);
+    QNetworkReply* reply = network.get(authorization);
+    QVERIFY(QSignalSpy(reply, &QNetworkReply::finished).wait(5000));
+    const QByteArray grant =
+        QJsonDocument::fromJson(reply->readAll())["data"]["Authorization"].toString().toLatin1();
+    delete reply;
+
+    const QByteArray sha = QCryptographicHash::hash(log, QCryptographicHash::Sha1).toHex();
+    QNetworkRequest storage(QUrl(QString::fromLatin1(
+        m_pCloud->BaseUrl() + CLmLogUploadController::StoragePath + "earlier_" + QByteArray::number(sliceBytes))));
+    storage.setRawHeader("Authorization", grant);
+    storage.setRawHeader("Content-Type", LmLogMultipart::ContentType());
+    QByteArray body = LmLogMultipart::StartBody(log.size(), sha);
+    for (int post = 0; post < 2; ++post) {
+        reply = network.post(storage, body);
+        QVERIFY(QSignalSpy(reply, &QNetworkReply::finished).wait(10000));
+        const QJsonObject answer = QJsonDocument::fromJson(reply->readAll()).object();
+        delete reply;
+        QCOMPARE(answer["code"].toInt(-1), 0);
+        if (sliceBytes == 0)
+            return;
+        body = LmLogMultipart::SliceBody(0, answer["data"]["session"].toString(), QStringLiteral("earlier"),
+                                         log.left(sliceBytes));
+    }
+}
+
+void tst_LogUploadWithSkyCloud::slicesReachTheStorage_data()
+{
+    QTest::addColumn<QString>("held");
+    QTest::addColumn<int>("firstSliceFrom");
+
+    // held: what the storage has of the log before the upload; firstSliceFrom:
+    // where the first slice starts, -1 for no slice at all.
+    QTest::newRow("new file") << "nothing" << 0;
+    QTest::newRow("file already held") << "whole" << -1;
+    QTest::newRow("resumed session") << "first slice" << kSliceSize;
+}
+
+void tst_LogUploadWithSkyCloud::slicesReachTheStorage()
+{
+    QFETCH(QString, held);
+    QFETCH(int, firstSliceFrom);
+
+    const QByteArray log = ExpectedLog(kLogSize);
+    if (held == QLatin1String("whole"))
+        PrepareStorage(log, log.size());
+    else if (held == QLatin1String("first slice"))
+        PrepareStorage(log, kSliceSize);
+    const QString path = DownloadLog(kLogSize);
+    QVERIFY(!path.isEmpty());
+
+    QSignalSpy progress(m_pUpload, &CLmLogUploadController::ProgressShown);
+    QSignalSpy completed(m_pUpload, &CLmLogUploadController::UploadCompleted);
+    QSignalSpy messages(m_pUpload, &CLmLogUploadController::Message);
+    m_pUpload->slotUploadToCloud();
+    QVERIFY(completed.wait(30000));
+    QCOMPARE(messages.count(), 0);
+
+    if (firstSliceFrom < 0) {
+        QCOMPARE(progress.count(), 0);
+    } else {
+        QVERIFY(!progress.isEmpty());
+        const int firstValue = progress.first().at(1).toInt();
+        QVERIFY2(firstValue > firstSliceFrom && firstValue <= firstSliceFrom + kSliceSize + 1024,
+                 qPrintable(QString::number(firstValue)));
+        QCOMPARE(progress.last().at(1).toInt(), int(kLogSize));
+    }
+    const QStringList stored = StoredLogs();
+    QCOMPARE(stored.size(), 1);
+    QFile copy(m_pCloud->DataDir() + QStringLiteral("/storage/airlog/") + stored.first());
+    QVERIFY(copy.open(QIODevice::ReadOnly));
+    QVERIFY(copy.readAll() == log);
+    QCOMPARE(ReportCount(), 1);
+    QVERIFY(!QFile::exists(path));
+    QVERIFY(m_pDownload->Waiting().isEmpty());
+}
+
+void tst_LogUploadWithSkyCloud::serviceGoneDuringSlicesResumesLater()
+{
+    const QString path = DownloadLog(kLogSize);
+    QVERIFY(!path.isEmpty());
+    QSignalSpy messages(m_pUpload, &CLmLogUploadController::Message);
+    QSignalSpy button(m_pUpload, &CLmLogUploadController::UploadButtonChanged);
+    connect(m_pUpload, &CLmLogUploadController::ProgressShown, this, [this] { m_pCloud->Stop(); });
+    m_pUpload->slotUploadToCloud();
+    QVERIFY(messages.wait(30000));
+    disconnect(m_pUpload, &CLmLogUploadController::ProgressShown, this, nullptr);
+    QCOMPARE(messages.first().at(1).toString(), QStringLiteral("Upload failed, please re-upload"));
+    QCOMPARE(button.last().at(1).toString(), QStringLiteral("Re-upload"));
+    QVERIFY(QFile::exists(path));
+    QCOMPARE(m_pDownload->Waiting().size(), 1);
+
+    QVERIFY(m_pCloud->Start());
+    SignIn();
+    QSignalSpy completed(m_pUpload, &CLmLogUploadController::UploadCompleted);
+    m_pUpload->slotUploadToCloud();
+    QVERIFY(completed.wait(30000));
+    QCOMPARE(StoredLogs().size(), 1);
+    QFile copy(m_pCloud->DataDir() + QStringLiteral("/storage/airlog/") + StoredLogs().first());
+    QVERIFY(copy.open(QIODevice::ReadOnly));
+    QVERIFY(copy.readAll() == ExpectedLog(kLogSize));
+    QVERIFY(!QFile::exists(path));
+}
+
+void tst_LogUploadWithSkyCloud::unparsableStorageReplyKeepsTheLog()
+{
+    CCannedHttpPeer storage(CCannedHttpPeer::Reply("200 OK", "<html>gateway</html>"));
+    qputenv("SKYCONSOLE_STORAGE_BASE_URL", storage.BaseUrl());
+    CLmDeployConfig::Reload();
+    const QString path = DownloadLog(3000);
+    QVERIFY(!path.isEmpty());
+    QSignalSpy messages(m_pUpload, &CLmLogUploadController::Message);
+    m_pUpload->slotUploadToCloud();
+    QVERIFY(messages.wait(10000));
+    QCOMPARE(messages.first().at(1).toString(), QStringLiteral("Upload failed, please re-upload"));
+    QCOMPARE(storage.RequestCount(), 1);
+    QVERIFY(storage.LastRequest().contains("name=\"sha\""));
+    QVERIFY(QFile::exists(path));
+    QCOMPARE(ReportCount(), 0);
+}
+
+void tst_LogUploadWithSkyCloud::offlineAsksBeforeSending()
+{
+    const QString path = DownloadLog(3000);
+    QVERIFY(!path.isEmpty());
+    CLmControl::GetInstance()->SetNetWorkState(false);
+    QSignalSpy question(m_pUpload, &CLmLogUploadController::NetworkQuestion);
+    QSignalSpy buttons(m_pUpload, &CLmLogUploadController::ButtonsEnabled);
+    m_pUpload->slotUploadToCloud();
+    QCOMPARE(question.count(), 1);
+    QCOMPARE(buttons.count(), 0);
+
+    // "Retry" once the network is back goes on with the upload.
+    CLmControl::GetInstance()->SetNetWorkState(true);
+    QSignalSpy completed(m_pUpload, &CLmLogUploadController::UploadCompleted);
+    m_pUpload->slotUploadToCloud();
+    QVERIFY(completed.wait(10000));
+    QCOMPARE(ReportCount(), 1);
+}
+
+QTEST_GUILESS_MAIN(tst_LogUploadWithSkyCloud)
+#include "tst_LogUploadWithSkyCloud.moc"
