@@ -57,12 +57,19 @@ void CloudConnection::BeginRequest()
     m_headerDeadline = Clock::now() + m_limits.headerDeadline;
     m_headerBytes = 0;
     m_lineLength = 0;
+    m_bodyDeadline = Clock::time_point::max();
 }
 
 void CloudConnection::CloseAfterReply()
 {
     if (t_pServed)
         t_pServed->m_closeAfterReply = true;
+}
+
+void CloudConnection::BoundBodyTime(std::chrono::milliseconds limit)
+{
+    if (t_pServed)
+        t_pServed->m_bodyDeadline = Clock::now() + limit;
 }
 
 bool CloudConnection::KeepServing() const
@@ -104,7 +111,7 @@ bool CloudConnection::WaitFor(short events, Clock::time_point until) const
 CloudConnection::Clock::time_point CloudConnection::ReadUntil() const
 {
     const Clock::time_point until = Clock::now() + m_limits.readTimeout;
-    return m_inHeaders ? std::min(until, m_headerDeadline) : until;
+    return std::min(until, m_inHeaders ? m_headerDeadline : m_bodyDeadline);
 }
 
 bool CloudConnection::is_readable() const

@@ -35,6 +35,9 @@ public:
     // body must not be taken for the next request. Applies to the
     // connection served by the calling thread.
     static void CloseAfterReply();
+    // The body of the request being served must arrive whole within this
+    // time, like its headers. Applies to the calling thread's connection.
+    static void BoundBodyTime(std::chrono::milliseconds limit);
     // False once a read failed (a limit, a timeout, the peer) or a reply
     // was written before its body was read.
     bool KeepServing() const;
@@ -65,6 +68,7 @@ private:
     std::function<bool()> m_stopping;
     bool m_inHeaders = false;
     Clock::time_point m_headerDeadline;
+    Clock::time_point m_bodyDeadline = Clock::time_point::max();
     size_t m_headerBytes = 0;
     size_t m_lineLength = 0;
     bool m_closeAfterReply = false;

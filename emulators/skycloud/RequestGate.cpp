@@ -6,8 +6,13 @@
 #include <httplib.h>
 
 #include <algorithm>
+#include <chrono>
 
 namespace {
+
+// Enough for a small form over a slow link; a peer that trickles one holds a
+// server thread no longer than this.
+constexpr std::chrono::seconds kSmallBodyTime{30};
 
 bool HasBody(const httplib::Request& req)
 {
@@ -61,6 +66,8 @@ bool RequestGate::Admit(const httplib::Request& req, httplib::Response& res) con
                           && AdmitLength(req, res);
     if (!admitted)
         CloudConnection::CloseAfterReply();
+    else if (m_largeBodies.count(req.path) == 0)
+        CloudConnection::BoundBodyTime(kSmallBodyTime);
     return admitted;
 }
 
