@@ -38,11 +38,6 @@ void RequestGate::AllowLargeBody(const std::string& path, size_t limit)
     m_largeBodies[path] = limit;
 }
 
-size_t RequestGate::DefaultLimit() const
-{
-    return m_defaultLimit;
-}
-
 size_t RequestGate::LargestLimit() const
 {
     size_t largest = m_defaultLimit;
@@ -74,12 +69,9 @@ bool RequestGate::Admit(const httplib::Request& req, httplib::Response& res) con
 bool RequestGate::AdmitLength(const httplib::Request& req, httplib::Response& res) const
 {
     const size_t limit = LimitOf(req.path);
-    // A body without a length could only be measured by reading it: only
-    // the large-body paths take one, and the server stops reading any body
-    // at the largest limit.
+    // A body without a length (chunked) could only be measured by reading
+    // it, and the library reads such a body whatever its size.
     if (!req.has_header("Content-Length")) {
-        if (m_largeBodies.count(req.path) != 0)
-            return true;
         Envelope::Fail(res, 411, QStringLiteral("Content-Length required"));
         return false;
     }

@@ -16,13 +16,12 @@ public:
     RequestGate(CloudStore& store, size_t defaultLimit);
 
     void AllowLargeBody(const std::string& path, size_t limit);
-    size_t DefaultLimit() const;
     size_t LargestLimit() const;
-    size_t LimitOf(const std::string& path) const;
     // Writes the refusal and returns false when the body must not be read.
     bool Admit(const httplib::Request& req, httplib::Response& res) const;
 
 private:
+    size_t LimitOf(const std::string& path) const;
     bool AdmitLength(const httplib::Request& req, httplib::Response& res) const;
 
     TokenGuard m_guard;
