@@ -8,11 +8,17 @@ CloudHttpServer::CloudHttpServer(const CloudConnection::Limits& limits)
 {
 }
 
+void CloudHttpServer::StopServing()
+{
+    m_stopping = true;
+    stop();
+}
+
 bool CloudHttpServer::process_and_close_socket(socket_t sock)
 {
     bool served = true;
     {
-        CloudConnection connection(sock, m_limits, [this] { return !is_running(); });
+        CloudConnection connection(sock, m_limits, [this] { return m_stopping.load(); });
         bool closed = false;
         // The first request may take as long as any read; later ones on a
         // kept connection only as long as the keep-alive time.

@@ -96,5 +96,5 @@ bool CloudServer::Run()
 
 void CloudServer::Stop()
 {
-    m_server.stop();
+    m_server.StopServing();
 }
