@@ -83,13 +83,22 @@ void LogStorageEndpoints::IssueAuthorization(const httplib::Request& req, httpli
                                   {"expires_in", LogStorageStore::AuthorizationSeconds}});
 }
 
+const std::string LogStorageEndpoints::UploadPrefix = kLogPath;
+
+bool LogStorageEndpoints::AdmitUploader(LogStorageStore& storage, const httplib::Request& req,
+                                        httplib::Response& res)
+{
+    if (storage.IsAuthorized(QByteArray::fromStdString(req.get_header_value("Authorization"))))
+        return true;
+    Reply(res, 401, -70, QStringLiteral("authorization invalid or expired"));
+    return false;
+}
+
 void LogStorageEndpoints::Upload(const httplib::Request& req, httplib::Response& res)
 {
     const QString name = NameOf(req);
-    if (!m_storage.IsAuthorized(QByteArray::fromStdString(req.get_header_value("Authorization")))) {
-        Reply(res, 401, -70, QStringLiteral("authorization invalid or expired"));
+    if (!AdmitUploader(m_storage, req, res))
         return;
-    }
     if (!LogStorageStore::IsValidName(name)) {
         Reply(res, 400, -1, QStringLiteral("invalid file name"));
         return;

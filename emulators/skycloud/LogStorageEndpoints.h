@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "EndpointGroup.h"
 #include "TokenGuard.h"
 
@@ -19,6 +21,12 @@ public:
     LogStorageEndpoints(CloudStore& store, LogStorageStore& storage);
 
     void Register(httplib::Server& server) override;
+
+    // Where the log files are stored; uploads below it carry large bodies.
+    static const std::string UploadPrefix;
+    // Whether an upload's sender holds a valid authorisation, from its
+    // headers alone (before its body is read); writes the refusal.
+    static bool AdmitUploader(LogStorageStore& storage, const httplib::Request& req, httplib::Response& res);
 
 private:
     void IssueAuthorization(const httplib::Request& req, httplib::Response& res);

@@ -21,6 +21,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <chrono>
 #include <cstdio>
 #include <memory>
 
@@ -28,6 +29,9 @@ namespace {
 
 constexpr int kDefaultPort = 18080;
 constexpr int kDefaultPushPort = 18081;
+constexpr size_t kFileBodyLimit = 256 * 1024 * 1024;
+// Busy requests get this long to finish after SIGTERM or SIGINT.
+constexpr std::chrono::milliseconds kStopGrace{900};
 
 QString DefaultDataDir()
 {
@@ -136,6 +140,13 @@ int main(int argc, char* argv[])
     server.AddGroup(std::make_unique<ShareEndpoints>(store, projects, shares, channel));
     server.AddGroup(std::make_unique<LogStorageEndpoints>(store, logStorage));
     server.AddGroup(std::make_unique<FaultReportEndpoints>(store, faultReports));
+    // Request bodies: CloudServer::DefaultBodyLimit (1 MB) but where files and logs arrive.
+    server.AllowLargeBody("/project/upload", kFileBodyLimit);
+    server.AllowLargeBody("/flight/upload", kFileBodyLimit);
+    server.AllowLargeBodyUnder(LogStorageEndpoints::UploadPrefix, kFileBodyLimit,
+                               [&logStorage](const httplib::Request& req, httplib::Response& res) {
+                                   return LogStorageEndpoints::AdmitUploader(logStorage, req, res);
+                               });
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));
@@ -148,8 +159,9 @@ int main(int argc, char* argv[])
     std::fflush(stdout);
     qCInfo(lcSkyCloud).noquote() << "data folder" << parser.value(dataOption);
 
-    signalWatcher.Start([&server] { server.Stop(); });
+    signalWatcher.Start([&server] { server.Stop(); }, kStopGrace);
     const bool served = server.Run();
+    signalWatcher.Finished();
     qCInfo(lcSkyCloud) << "stopped";
     return served ? 0 : 1;
 }

@@ -1,13 +1,17 @@
 #include "CLmDataBase.h"
 
+#include "CLmQueryDeadline.h"
 #include "LmDataLog.h"
 
 #include <QAtomicInteger>
 #include <QFile>
 #include <QFileInfo>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QThread>
+
+#include <sqlite3.h>
 
 namespace {
 
@@ -52,8 +56,59 @@ bool CLmDataBase::Open(bool readOnly)
     return true;
 }
 
+bool CLmDataBase::OpenForeign(const QStringList& plainTables, EForeignAccess access, int queryBudgetMs)
+{
+    if (!Open(access == EForeignAccess::ReadOnly))
+        return false;
+    if (!HardenForeign(access, queryBudgetMs) || !HasOnlyPlainTables(plainTables)) {
+        qCWarning(lcDataBase) << "refused" << m_strFilePath << m_strLastError;
+        Close();
+        return false;
+    }
+    return true;
+}
+
+bool CLmDataBase::HardenForeign(EForeignAccess access, int queryBudgetMs)
+{
+    const QVariant handle = m_db.driver()->handle();
+    if (qstrcmp(handle.typeName(), "sqlite3*") != 0 || !*static_cast<sqlite3* const*>(handle.constData()))
+        return Refuse(QStringLiteral("not an SQLite connection"));
+    sqlite3* connection = *static_cast<sqlite3* const*>(handle.constData());
+    m_pDeadline = std::make_unique<CLmQueryDeadline>(connection, queryBudgetMs);
+    // Defensive mode keeps even a writable copy from corrupting itself
+    // through writes to the schema or journal settings.
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    return Exec(QStringLiteral("PRAGMA trusted_schema = OFF"))
+           && (access == EForeignAccess::PrivateCopy || Exec(QStringLiteral("PRAGMA query_only = ON")));
+}
+
+bool CLmDataBase::HasOnlyPlainTables(const QStringList& tables)
+{
+    const QVariant triggers = SelectValue(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"));
+    if (!triggers.isValid())
+        return false;
+    if (triggers.toLongLong() != 0)
+        return Refuse(QStringLiteral("the file carries triggers"));
+    for (const QString& table : tables) {
+        const QString sql = SelectValue(QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'table'"
+                                                       " AND name = ? COLLATE NOCASE"),
+                                        {table})
+                                .toString();
+        if (sql.isEmpty() || sql.startsWith(QLatin1String("CREATE VIRTUAL"), Qt::CaseInsensitive))
+            return Refuse(QStringLiteral("%1 is not a plain table").arg(table));
+    }
+    return true;
+}
+
+bool CLmDataBase::Refuse(const QString& reason)
+{
+    m_strLastError = reason;
+    return false;
+}
+
 void CLmDataBase::Close()
 {
+    m_pDeadline.reset();
     if (m_strConnection.isEmpty())
         return;
     m_db.close();
@@ -73,6 +128,8 @@ bool CLmDataBase::Exec(const QString& sql, const QVariantList& values, QSqlQuery
         m_strLastError = QStringLiteral("database not open");
         return false;
     }
+    if (m_pDeadline)
+        m_pDeadline->Arm();
     QSqlQuery query(m_db);
     // Results are read once, front to back; nothing needs Qt's row cache.
     query.setForwardOnly(true);
@@ -84,7 +141,8 @@ bool CLmDataBase::Exec(const QString& sql, const QVariantList& values, QSqlQuery
     for (const QVariant& value : values)
         query.addBindValue(value);
     if (!query.exec()) {
-        m_strLastError = query.lastError().text();
+        m_strLastError = m_pDeadline && m_pDeadline->Expired() ? QStringLiteral("the query took too long")
+                                                                : query.lastError().text();
         qCWarning(lcDataBase) << "statement failed:" << m_strLastError;
         return false;
     }

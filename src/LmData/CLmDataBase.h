@@ -2,8 +2,12 @@
 
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QVariantList>
 
+#include <memory>
+
+class CLmQueryDeadline;
 class QSqlQuery;
 
 // One SQLite database file opened through QtSql. Every object owns its own
@@ -12,6 +16,12 @@ class QSqlQuery;
 class CLmDataBase
 {
 public:
+    // How a file that came from outside (the network, a device, a disk) is
+    // opened: only read, or written as a private copy the caller owns.
+    enum class EForeignAccess { ReadOnly, PrivateCopy };
+
+    static constexpr int DefaultForeignQueryBudgetMs = 3000;
+
     explicit CLmDataBase(const QString& filePath);
     ~CLmDataBase();
     CLmDataBase(const CLmDataBase&) = delete;
@@ -19,6 +29,12 @@ public:
 
     // Opens the file; read-only never creates a missing file.
     bool Open(bool readOnly = false);
+    // Opens a file from outside: trusted_schema off (and query_only unless
+    // it is a private copy), refused when one of the tables is missing or
+    // is not a plain table, or when the file carries triggers; every
+    // statement and the reading of its rows is bounded in time afterwards.
+    bool OpenForeign(const QStringList& plainTables, EForeignAccess access = EForeignAccess::ReadOnly,
+                     int queryBudgetMs = DefaultForeignQueryBudgetMs);
     void Close();
     bool IsOpen() const;
 
@@ -36,8 +52,13 @@ public:
     static bool IsSqliteFile(const QString& filePath);
 
 private:
+    bool HardenForeign(EForeignAccess access, int queryBudgetMs);
+    bool HasOnlyPlainTables(const QStringList& tables);
+    bool Refuse(const QString& reason);
+
     QString m_strFilePath;
     QString m_strConnection;
     QSqlDatabase m_db;
     QString m_strLastError;
+    std::unique_ptr<CLmQueryDeadline> m_pDeadline;
 };

@@ -16,6 +16,11 @@ private Q_SLOTS:
     void boundValuesKeepQuotesAsData();
     void readOnlyOpenNeverCreatesFile();
     void objectsInSeveralThreadsDoNotShareConnections();
+    void foreignFileChecks_data();
+    void foreignFileChecks();
+    void foreignQueryIsBoundedInTime();
+    void foreignFileWritableOnlyAsPrivateCopy_data();
+    void foreignFileWritableOnlyAsPrivateCopy();
 
 private:
     QString MakeDatabase(const QString& name, int rows);
@@ -109,6 +114,81 @@ void tst_CLmDataBase::objectsInSeveralThreadsDoNotShareConnections()
     QFuture<int> second = QtConcurrent::run(countRows);
     QCOMPARE(first.result(), 200);
     QCOMPARE(second.result(), 200);
+}
+
+Q_DECLARE_METATYPE(CLmDataBase::EForeignAccess)
+
+namespace {
+
+// Runs for ever while yielding nothing: a view or query built on it never ends.
+const char* const kEndlessQuery = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n)"
+                                  " SELECT i FROM n WHERE i < 0";
+
+}  // namespace
+
+void tst_CLmDataBase::foreignFileChecks_data()
+{
+    QTest::addColumn<QStringList>("schema");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("plain tables") << QStringList{"CREATE TABLE project (id TEXT)", "CREATE TABLE task (id TEXT)"}
+                                  << true;
+    QTest::newRow("endless view in place of a table")
+        << QStringList{QStringLiteral("CREATE VIEW project AS %1").arg(QLatin1String(kEndlessQuery)),
+                       "CREATE TABLE task (id TEXT)"}
+        << false;
+    QTest::newRow("virtual table in place of a table")
+        << QStringList{"CREATE VIRTUAL TABLE project USING rtree(id, x0, x1)", "CREATE TABLE task (id TEXT)"}
+        << false;
+    QTest::newRow("trigger on a table") << QStringList{"CREATE TABLE project (id TEXT)", "CREATE TABLE task (id TEXT)",
+                                                       "CREATE TRIGGER t AFTER INSERT ON task BEGIN"
+                                                       " DELETE FROM project; END"}
+                                        << false;
+    QTest::newRow("table missing") << QStringList{"CREATE TABLE project (id TEXT)"} << false;
+}
+
+void tst_CLmDataBase::foreignFileChecks()
+{
+    QFETCH(QStringList, schema);
+    QFETCH(bool, accepted);
+
+    const QString path = m_dir.filePath(QString::fromLatin1(QTest::currentDataTag()) + QStringLiteral(".db"));
+    {
+        CLmDataBase db(path);
+        QVERIFY(db.Open());
+        for (const QString& statement : schema)
+            QVERIFY2(db.Exec(statement), qPrintable(db.LastError()));
+    }
+    CLmDataBase foreign(path);
+    QCOMPARE(foreign.OpenForeign({QStringLiteral("project"), QStringLiteral("task")}), accepted);
+    QCOMPARE(foreign.IsOpen(), accepted);
+}
+
+void tst_CLmDataBase::foreignQueryIsBoundedInTime()
+{
+    CLmDataBase foreign(MakeDatabase(QStringLiteral("bounded.db"), 10));
+    QVERIFY(foreign.OpenForeign({QStringLiteral("t")}, CLmDataBase::EForeignAccess::ReadOnly, 200));
+    QVERIFY(!foreign.Exec(QLatin1String(kEndlessQuery)));
+    QVERIFY(foreign.LastError().contains(QLatin1String("too long")));
+    // The next statement has a budget of its own.
+    QCOMPARE(foreign.SelectValue(QStringLiteral("SELECT count(*) FROM t")).toInt(), 10);
+}
+
+void tst_CLmDataBase::foreignFileWritableOnlyAsPrivateCopy_data()
+{
+    QTest::addColumn<CLmDataBase::EForeignAccess>("access");
+    QTest::addColumn<bool>("written");
+    QTest::newRow("read only") << CLmDataBase::EForeignAccess::ReadOnly << false;
+    QTest::newRow("private copy") << CLmDataBase::EForeignAccess::PrivateCopy << true;
+}
+
+void tst_CLmDataBase::foreignFileWritableOnlyAsPrivateCopy()
+{
+    QFETCH(CLmDataBase::EForeignAccess, access);
+    QFETCH(bool, written);
+
+    CLmDataBase foreign(MakeDatabase(QString::fromLatin1(QTest::currentDataTag()) + QStringLiteral(".db"), 3));
+    QVERIFY(foreign.OpenForeign({QStringLiteral("t")}, access));
+    QCOMPARE(foreign.Exec(QStringLiteral("UPDATE t SET text = 'stamped'")), written);
 }
 
 QTEST_GUILESS_MAIN(tst_CLmDataBase)
