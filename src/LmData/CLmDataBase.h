@@ -2,7 +2,10 @@
 
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QVariantList>
+
+#include <chrono>
 
 class QSqlQuery;
 
@@ -19,6 +22,15 @@ public:
 
     // Opens the file; read-only never creates a missing file.
     bool Open(bool readOnly = false);
+    // Opens a file that came from elsewhere (the cloud, a device, a disk, a
+    // colleague) for reading only: query_only, trusted_schema off, and every
+    // statement run on the connection afterwards is stopped once it has run
+    // for statementBudgetMs. Refused, with LastError() telling why, when any
+    // of expectedTables that the file has is not a plain table or when the
+    // file carries a trigger.
+    bool OpenForeign(const QStringList& expectedTables, int statementBudgetMs = DefaultStatementBudgetMs);
+    // Attaches a second foreign file under schemaName with the same checks.
+    bool AttachForeign(const QString& filePath, const QString& schemaName, const QStringList& expectedTables);
     void Close();
     bool IsOpen() const;
 
@@ -35,9 +47,19 @@ public:
     // True when the file starts with the SQLite header and opens as a database.
     static bool IsSqliteFile(const QString& filePath);
 
+    static constexpr int DefaultStatementBudgetMs = 5000;
+
 private:
+    bool LockDown(int statementBudgetMs);
+    bool CheckSchema(const QString& schemaName, const QStringList& expectedTables);
+    void RestartStatementClock();
+    static int StatementOverBudget(void* self);
+    static int StatementStarted(unsigned event, void* self, void* statement, void* sql);
+
     QString m_strFilePath;
     QString m_strConnection;
     QSqlDatabase m_db;
     QString m_strLastError;
+    std::chrono::milliseconds m_statementBudget{0};
+    std::chrono::steady_clock::time_point m_statementStart;
 };
