@@ -225,6 +225,7 @@ bool CLmDataBase::IsSqliteFile(const QString& filePath)
         return false;
     file.close();
     CLmDataBase db(filePath);
-    // quick_check reads every page, so a file cut short is refused.
-    return db.Open(true) && db.SelectValue(QStringLiteral("PRAGMA quick_check")).toString() == QLatin1String("ok");
+    // quick_check reads every page, so a file cut short is refused; the file
+    // may come from anywhere, so it is opened as a foreign one.
+    return db.OpenForeign({}) && db.SelectValue(QStringLiteral("PRAGMA quick_check")).toString() == QLatin1String("ok");
 }

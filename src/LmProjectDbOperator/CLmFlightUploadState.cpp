@@ -1,6 +1,7 @@
 #include "CLmFlightUploadState.h"
 
 #include "CLmDataBase.h"
+#include "CLmProjectSchema.h"
 #include "LmProjectConstants.h"
 #include "LmProjectDbOperatorLog.h"
 
@@ -49,7 +50,7 @@ QList<CLmFlightUploadState::SMission> CLmFlightUploadState::PendingMissions(cons
 {
     QList<SMission> missions;
     CLmDataBase db(filePath);
-    if (!db.Open(true) || !HasFlightTables(db))
+    if (!db.OpenForeign(CLmProjectSchema::MissionTables()) || !HasFlightTables(db))
         return missions;
     QSqlQuery rows(db.Database());
     const QString sql = QStringLiteral("SELECT m.* FROM %1 m WHERE EXISTS (SELECT 1 FROM %2 l"
@@ -73,7 +74,7 @@ CLmFlightUploadState::SBatch CLmFlightUploadState::NextBatch(const QString& file
 {
     SBatch batch;
     CLmDataBase db(filePath);
-    if (!db.Open(true) || !HasFlightTables(db))
+    if (!db.OpenForeign(CLmProjectSchema::MissionTables()) || !HasFlightTables(db))
         return batch;
     QSqlQuery rows(db.Database());
     const QString sql = QStringLiteral("SELECT * FROM %1 WHERE flight_mission_id = ? AND id > ? ORDER BY id LIMIT ?")

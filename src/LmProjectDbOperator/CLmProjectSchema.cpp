@@ -1,6 +1,7 @@
 #include "CLmProjectSchema.h"
 
 #include "CLmDataBase.h"
+#include "CLmFlightUploadState.h"
 #include "LmProjectConstants.h"
 
 QStringList CLmProjectSchema::ProjectStatements()
@@ -68,6 +69,18 @@ bool CLmProjectSchema::CreateProjectTables(CLmDataBase& db)
 bool CLmProjectSchema::CreateMissionTables(CLmDataBase& db)
 {
     return ExecAll(db, MissionStatements());
+}
+
+QStringList CLmProjectSchema::ProjectTables()
+{
+    return {QLatin1String(ProjectTableName), QLatin1String(SurveyAreaTableName), QLatin1String(FlightTaskTableName)};
+}
+
+QStringList CLmProjectSchema::MissionTables()
+{
+    return {QLatin1String(FlightMissionTableName), QLatin1String(FlightLogTableName),
+            QLatin1String(UasStatusTableName), QLatin1String(PosDataTableName),
+            QLatin1String(CLmFlightUploadState::TableName)};
 }
 
 bool CLmProjectSchema::ExecAll(CLmDataBase& db, const QStringList& statements)

@@ -12,6 +12,9 @@ class CLmProjectSchema
 public:
     static bool CreateProjectTables(CLmDataBase& db);
     static bool CreateMissionTables(CLmDataBase& db);
+    // Names of the tables, for checking a file from elsewhere before reading it.
+    static QStringList ProjectTables();
+    static QStringList MissionTables();
 
 private:
     static QStringList ProjectStatements();
