@@ -11,11 +11,22 @@
 
 namespace {
 
+// A numeric setting carries the range it must lie in; a value outside it
+// (or not a whole number) is refused and the default kept, so a typing
+// slip never becomes some other port or rate.
 struct SDefault
 {
     const char* key;
     const char* value;
+    qint64 iMin = 0;
+    qint64 iMax = 0;
+
+    bool IsNumeric() const { return iMin < iMax; }
 };
+
+// A deployment file holds a few dozen short lines; anything much larger is
+// not one, and is not read at all.
+constexpr qint64 MaxFileBytes = 64 * 1024;
 
 // The bundled emulators on loopback; README's run command starts skycloud on
 // port 18080 (HTTP) and 18081 (push channel).
@@ -31,10 +42,10 @@ const SDefault kDefaults[] = {
     {"launcher/application_dir", ""},
     {"help/manual_url", ""},
     {"update/launcher_version", ""},
-    {"aircraft/udp_listen_port", "14550"},
+    {"aircraft/udp_listen_port", "14550", 1, 65535},
     {"aircraft/serial_ports", "auto"},
-    {"aircraft/serial_baud", "57600"},
-    {"aircraft/heartbeat_timeout_ms", "3500"},
+    {"aircraft/serial_baud", "57600", 300, 4000000},
+    {"aircraft/heartbeat_timeout_ms", "3500", 500, 600000},
 };
 
 QString EnvironmentName(const QString& groupKey)
@@ -42,6 +53,19 @@ QString EnvironmentName(const QString& groupKey)
     QString name = groupKey.toUpper();
     name.replace(QLatin1Char('/'), QLatin1Char('_'));
     return QStringLiteral("SKYCONSOLE_") + name;
+}
+
+bool IsReadableFile(const QString& iniPath)
+{
+    const QFileInfo file(iniPath);
+    if (!file.exists())
+        return false;
+    if (!file.isFile() || file.size() > MaxFileBytes) {
+        qCWarning(lcDeploy) << "deployment file" << iniPath << "ignored: not a regular file of at most"
+                            << MaxFileBytes << "bytes; defaults kept";
+        return false;
+    }
+    return true;
 }
 
 QMutex g_instanceMutex;
@@ -54,7 +78,7 @@ CLmDeployConfig::CLmDeployConfig(const QString& iniPath)
     for (const SDefault& entry : kDefaults)
         m_mapValues.insert(QLatin1String(entry.key), QString::fromLatin1(entry.value));
 
-    if (!iniPath.isEmpty() && QFileInfo::exists(iniPath)) {
+    if (!iniPath.isEmpty() && IsReadableFile(iniPath)) {
         QSettings file(iniPath, QSettings::IniFormat);
         for (const QString& key : file.allKeys())
             m_mapValues.insert(key, file.value(key));
@@ -65,6 +89,23 @@ CLmDeployConfig::CLmDeployConfig(const QString& iniPath)
         const QByteArray env = qgetenv(EnvironmentName(it.key()).toLatin1().constData());
         if (!env.isNull())
             it.value() = QString::fromUtf8(env);
+    }
+    RefuseOutOfRange();
+}
+
+void CLmDeployConfig::RefuseOutOfRange()
+{
+    for (const SDefault& entry : kDefaults) {
+        if (!entry.IsNumeric())
+            continue;
+        QVariant& value = m_mapValues[QLatin1String(entry.key)];
+        bool isNumber = false;
+        const qint64 number = value.toString().trimmed().toLongLong(&isNumber);
+        if (isNumber && number >= entry.iMin && number <= entry.iMax)
+            continue;
+        qCWarning(lcDeploy) << entry.key << "=" << value.toString() << "refused: not a whole number from"
+                            << entry.iMin << "to" << entry.iMax << "; default" << entry.value << "kept";
+        value = QString::fromLatin1(entry.value);
     }
 }
 

@@ -17,6 +17,8 @@ private Q_SLOTS:
     void pageBaseFollowsServerUnlessConfigured_data();
     void pageBaseFollowsServerUnlessConfigured();
     void defaultFileIsUsedWithoutNamedFile();
+    void badValuesKeepTheDefault_data();
+    void badValuesKeepTheDefault();
 
 private:
     QString WriteIni(const QByteArray& text);
@@ -36,7 +38,7 @@ QString tst_CLmDeployConfig::WriteIni(const QByteArray& text)
 void tst_CLmDeployConfig::cleanup()
 {
     for (const char* name : {"SKYCONSOLE_CONFIG", "SKYCONSOLE_CLOUD_PRODUCTION_URL", "SKYCONSOLE_CLOUD_USE_TEST_SERVER",
-                             "SKYCONSOLE_CLOUD_PAGE_BASE"})
+                             "SKYCONSOLE_CLOUD_PAGE_BASE", "SKYCONSOLE_AIRCRAFT_UDP_LISTEN_PORT"})
         qunsetenv(name);
     CLmDeployConfig::Reload();
 }
@@ -115,6 +117,48 @@ void tst_CLmDeployConfig::defaultFileIsUsedWithoutNamedFile()
     CLmDeployConfig::Reload();
     QCOMPARE(GetLaunchKey(), QStringLiteral("{00000000-1111-2222-3333-444444444444}"));
     QVERIFY(file.remove());
+}
+
+// Rows: the file's text, an environment value for the UDP port; the port
+// and cloud address that result.
+void tst_CLmDeployConfig::badValuesKeepTheDefault_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+    QTest::addColumn<QByteArray>("envPort");
+    QTest::addColumn<QString>("port");
+    QTest::addColumn<QString>("server");
+    const QByteArray server("[cloud]\nproduction_url=http://elsewhere:1\n");
+
+    QTest::newRow("in range") << QByteArray("[aircraft]\nudp_listen_port=14551\n") << QByteArray() << "14551"
+                              << "http://127.0.0.1:18080";
+    QTest::newRow("port above range") << QByteArray("[aircraft]\nudp_listen_port=99999\n") << QByteArray()
+                                      << "14550" << "http://127.0.0.1:18080";
+    QTest::newRow("port zero") << QByteArray("[aircraft]\nudp_listen_port=0\n") << QByteArray() << "14550"
+                               << "http://127.0.0.1:18080";
+    QTest::newRow("port not a number") << QByteArray("[aircraft]\nudp_listen_port=14550abc\n") << QByteArray()
+                                       << "14550" << "http://127.0.0.1:18080";
+    QTest::newRow("environment out of range") << QByteArray() << QByteArray("-1") << "14550"
+                                              << "http://127.0.0.1:18080";
+    QTest::newRow("bad port, rest of the file kept")
+        << server + "[aircraft]\nudp_listen_port=70000\n" << QByteArray() << "14550" << "http://elsewhere:1";
+    QTest::newRow("oversized file ignored whole")
+        << server + "[padding]\n" + QByteArray(70 * 1024, 'x') + "=1\n" << QByteArray() << "14550"
+        << "http://127.0.0.1:18080";
+}
+
+void tst_CLmDeployConfig::badValuesKeepTheDefault()
+{
+    QFETCH(QByteArray, ini);
+    QFETCH(QByteArray, envPort);
+    QFETCH(QString, port);
+    QFETCH(QString, server);
+    if (!ini.isEmpty())
+        qputenv("SKYCONSOLE_CONFIG", WriteIni(ini).toUtf8());
+    if (!envPort.isEmpty())
+        qputenv("SKYCONSOLE_AIRCRAFT_UDP_LISTEN_PORT", envPort);
+    CLmDeployConfig::Reload();
+    QCOMPARE(CLmDeployConfig::Instance().Value(QStringLiteral("aircraft"), QStringLiteral("udp_listen_port")), port);
+    QCOMPARE(CLmDeployConfig::Instance().Value(QStringLiteral("cloud"), QStringLiteral("production_url")), server);
 }
 
 QTEST_GUILESS_MAIN(tst_CLmDeployConfig)
