@@ -11,7 +11,7 @@ QVector<QJsonObject> Notifications(const QByteArray& text)
     QVector<QJsonObject> notifications;
     const QStringList pieces = QString::fromUtf8(text).split(QStringLiteral("SWOOLE_SOCKET_FINISH"));
     for (const QString& piece : pieces) {
-        const QJsonDocument document = QJsonDocument::fromJson(piece.toLatin1());
+        const QJsonDocument document = QJsonDocument::fromJson(piece.toUtf8());
         const QJsonObject object = document.object();
         if (!object.isEmpty()) {
             notifications << object;

@@ -117,6 +117,10 @@ void tst_CLmCarrowmereMainWindow::pushNotifications_data()
                                                         << true << QString();
     QTest::newRow("news text") << QByteArray(R"({"status":0,"action":"news","message":"Firmware 2.4 is out"})")
                                << false << false << QStringLiteral("Firmware 2.4 is out");
+    QTest::newRow("news text beyond Latin-1")
+        << QByteArray(R"({"status":0,"action":"news","message":"Vol \u00e0 Z\u00fcrich \u2013 )"
+                      "\xe6\xb5\x8b\xe7\xbb\x98\"}")
+        << false << false << QStringLiteral("Vol \u00e0 Z\u00fcrich \u2013 \u6d4b\u7ed8");
     QTest::newRow("unknown action") << QByteArray(R"({"status":0,"action":"reboot"})") << false << false << QString();
     QTest::newRow("object, marker, array of two handled in order")
         << QByteArray(R"({"status":0,"action":"news","message":"first"})SWOOLE_SOCKET_FINISH)"
