@@ -19,7 +19,7 @@ struct SRange
 };
 
 const SRange Ranges[] = {
-    {"udp_listen_port", 1, 65535},
+    {"udp_listen_port", 0, 65535},
     {"serial_baud", 300, 4000000},
     {"heartbeat_timeout_ms", 500, 600000},
 };

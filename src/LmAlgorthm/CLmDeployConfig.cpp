@@ -42,7 +42,7 @@ const SDefault kDefaults[] = {
     {"launcher/application_dir", ""},
     {"help/manual_url", ""},
     {"update/launcher_version", ""},
-    {"aircraft/udp_listen_port", "14550", 1, 65535},
+    {"aircraft/udp_listen_port", "14550", 0, 65535},
     {"aircraft/serial_ports", "auto"},
     {"aircraft/serial_baud", "57600", 300, 4000000},
     {"aircraft/heartbeat_timeout_ms", "3500", 500, 600000},

@@ -27,7 +27,10 @@ private:
 
 QString tst_CLmDeployConfig::WriteIni(const QByteArray& text)
 {
-    const QString path = m_dir.filePath(QStringLiteral("deployment.ini"));
+    // A new name each time: QSettings keeps what it read of a path and may
+    // not notice a rewrite of the same size within its clock's resolution.
+    static int written = 0;
+    const QString path = m_dir.filePath(QStringLiteral("deployment-%1.ini").arg(++written));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         qFatal("cannot write %s", qPrintable(path));
@@ -119,30 +122,35 @@ void tst_CLmDeployConfig::defaultFileIsUsedWithoutNamedFile()
     QVERIFY(file.remove());
 }
 
-// Rows: the file's text, an environment value for the UDP port; the port
-// and cloud address that result.
+// Rows: the file's text, an environment value for the UDP port; the value
+// of one key ("group/key") that results.
 void tst_CLmDeployConfig::badValuesKeepTheDefault_data()
 {
     QTest::addColumn<QByteArray>("ini");
     QTest::addColumn<QByteArray>("envPort");
-    QTest::addColumn<QString>("port");
-    QTest::addColumn<QString>("server");
-    const QByteArray server("[cloud]\nproduction_url=http://elsewhere:1\n");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("value");
+    const QString port = QStringLiteral("aircraft/udp_listen_port");
+    const QString server = QStringLiteral("cloud/production_url");
+    const QByteArray otherServer("[cloud]\nproduction_url=http://elsewhere:1\n");
 
-    QTest::newRow("in range") << QByteArray("[aircraft]\nudp_listen_port=14551\n") << QByteArray() << "14551"
-                              << "http://127.0.0.1:18080";
-    QTest::newRow("port above range") << QByteArray("[aircraft]\nudp_listen_port=99999\n") << QByteArray()
-                                      << "14550" << "http://127.0.0.1:18080";
-    QTest::newRow("port zero") << QByteArray("[aircraft]\nudp_listen_port=0\n") << QByteArray() << "14550"
-                               << "http://127.0.0.1:18080";
+    QTest::newRow("in range") << QByteArray("[aircraft]\nudp_listen_port=14551\n") << QByteArray() << port << "14551";
+    QTest::newRow("port above range") << QByteArray("[aircraft]\nudp_listen_port=99999\n") << QByteArray() << port
+                                      << "14550";
+    QTest::newRow("port zero picks a free one") << QByteArray("[aircraft]\nudp_listen_port=0\n") << QByteArray()
+                                                << port << "0";
     QTest::newRow("port not a number") << QByteArray("[aircraft]\nudp_listen_port=14550abc\n") << QByteArray()
-                                       << "14550" << "http://127.0.0.1:18080";
-    QTest::newRow("environment out of range") << QByteArray() << QByteArray("-1") << "14550"
-                                              << "http://127.0.0.1:18080";
+                                       << port << "14550";
+    QTest::newRow("environment out of range") << QByteArray() << QByteArray("-1") << port << "14550";
+    QTest::newRow("baud negative") << QByteArray("[aircraft]\nserial_baud=-9600\n") << QByteArray()
+                                   << "aircraft/serial_baud" << "57600";
+    QTest::newRow("heartbeat time-out of a day")
+        << QByteArray("[aircraft]\nheartbeat_timeout_ms=86400000\n") << QByteArray() << "aircraft/heartbeat_timeout_ms"
+        << "3500";
     QTest::newRow("bad port, rest of the file kept")
-        << server + "[aircraft]\nudp_listen_port=70000\n" << QByteArray() << "14550" << "http://elsewhere:1";
+        << otherServer + "[aircraft]\nudp_listen_port=70000\n" << QByteArray() << server << "http://elsewhere:1";
     QTest::newRow("oversized file ignored whole")
-        << server + "[padding]\n" + QByteArray(70 * 1024, 'x') + "=1\n" << QByteArray() << "14550"
+        << otherServer + "[padding]\n" + QByteArray(70 * 1024, 'x') + "=1\n" << QByteArray() << server
         << "http://127.0.0.1:18080";
 }
 
@@ -150,15 +158,15 @@ void tst_CLmDeployConfig::badValuesKeepTheDefault()
 {
     QFETCH(QByteArray, ini);
     QFETCH(QByteArray, envPort);
-    QFETCH(QString, port);
-    QFETCH(QString, server);
+    QFETCH(QString, key);
+    QFETCH(QString, value);
     if (!ini.isEmpty())
         qputenv("SKYCONSOLE_CONFIG", WriteIni(ini).toUtf8());
     if (!envPort.isEmpty())
         qputenv("SKYCONSOLE_AIRCRAFT_UDP_LISTEN_PORT", envPort);
     CLmDeployConfig::Reload();
-    QCOMPARE(CLmDeployConfig::Instance().Value(QStringLiteral("aircraft"), QStringLiteral("udp_listen_port")), port);
-    QCOMPARE(CLmDeployConfig::Instance().Value(QStringLiteral("cloud"), QStringLiteral("production_url")), server);
+    QCOMPARE(CLmDeployConfig::Instance().Value(key.section(QLatin1Char('/'), 0, 0), key.section(QLatin1Char('/'), 1)),
+             value);
 }
 
 QTEST_GUILESS_MAIN(tst_CLmDeployConfig)
