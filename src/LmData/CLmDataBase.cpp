@@ -69,9 +69,19 @@ bool CLmDataBase::Open(bool readOnly)
 
 bool CLmDataBase::OpenForeign(const QStringList& expectedTables, int statementBudgetMs)
 {
-    if (!Open(true))
+    return OpenChecked(true, expectedTables, statementBudgetMs);
+}
+
+bool CLmDataBase::OpenForeignForWriting(const QStringList& expectedTables, int statementBudgetMs)
+{
+    return OpenChecked(false, expectedTables, statementBudgetMs);
+}
+
+bool CLmDataBase::OpenChecked(bool readOnly, const QStringList& expectedTables, int statementBudgetMs)
+{
+    if (!Open(readOnly))
         return false;
-    if (LockDown(statementBudgetMs) && CheckSchema(QStringLiteral("main"), expectedTables))
+    if (LockDown(readOnly, statementBudgetMs) && CheckSchema(QStringLiteral("main"), expectedTables))
         return true;
     qCWarning(lcDataBase) << "refused" << m_strFilePath << m_strLastError;
     Close();
@@ -89,7 +99,7 @@ bool CLmDataBase::AttachForeign(const QString& filePath, const QString& schemaNa
     return false;
 }
 
-bool CLmDataBase::LockDown(int statementBudgetMs)
+bool CLmDataBase::LockDown(bool readOnly, int statementBudgetMs)
 {
     sqlite3* handle = SqliteHandle(m_db);
     if (!handle) {
@@ -101,8 +111,8 @@ bool CLmDataBase::LockDown(int statementBudgetMs)
     sqlite3_progress_handler(handle, ProgressSteps, &CLmDataBase::StatementOverBudget, this);
     sqlite3_trace_v2(handle, SQLITE_TRACE_STMT, &CLmDataBase::StatementStarted, this);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    return Exec(QStringLiteral("PRAGMA query_only = ON")) && Exec(QStringLiteral("PRAGMA trusted_schema = OFF"))
-        && Exec(QStringLiteral("PRAGMA cell_size_check = ON"));
+    return (!readOnly || Exec(QStringLiteral("PRAGMA query_only = ON")))
+        && Exec(QStringLiteral("PRAGMA trusted_schema = OFF")) && Exec(QStringLiteral("PRAGMA cell_size_check = ON"));
 }
 
 bool CLmDataBase::CheckSchema(const QString& schemaName, const QStringList& expectedTables)

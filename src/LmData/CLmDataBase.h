@@ -29,6 +29,9 @@ public:
     // of expectedTables that the file has is not a plain table or when the
     // file carries a trigger.
     bool OpenForeign(const QStringList& expectedTables, int statementBudgetMs = DefaultStatementBudgetMs);
+    // The same checks and time bound for a foreign file the hub writes into
+    // (created when missing), without query_only.
+    bool OpenForeignForWriting(const QStringList& expectedTables, int statementBudgetMs = DefaultStatementBudgetMs);
     // Attaches a second foreign file under schemaName with the same checks.
     bool AttachForeign(const QString& filePath, const QString& schemaName, const QStringList& expectedTables);
     void Close();
@@ -50,7 +53,8 @@ public:
     static constexpr int DefaultStatementBudgetMs = 5000;
 
 private:
-    bool LockDown(int statementBudgetMs);
+    bool OpenChecked(bool readOnly, const QStringList& expectedTables, int statementBudgetMs);
+    bool LockDown(bool readOnly, int statementBudgetMs);
     bool CheckSchema(const QString& schemaName, const QStringList& expectedTables);
     void RestartStatementClock();
     static int StatementOverBudget(void* self);

@@ -163,9 +163,12 @@ void tst_CLmDataBase::foreignFileOpens()
     CLmDataBase db(path);
     QCOMPARE(db.OpenForeign({QStringLiteral("project")}), opens);
     QCOMPARE(db.IsOpen(), opens);
+    CLmDataBase writer(path);
+    QCOMPARE(writer.OpenForeignForWriting({QStringLiteral("project")}), opens);
     if (!opens)
         return;
-    QVERIFY2(!db.Exec(QStringLiteral("CREATE TABLE written (x)")), "a foreign file is never written");
+    QVERIFY2(!db.Exec(QStringLiteral("CREATE TABLE written (x)")), "a file opened for reading is never written");
+    QVERIFY(writer.Exec(QStringLiteral("CREATE TABLE written (x)")));
 }
 
 void tst_CLmDataBase::foreignStatementIsStoppedOverBudget()

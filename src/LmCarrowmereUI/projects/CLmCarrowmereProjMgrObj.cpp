@@ -433,7 +433,7 @@ void CLmCarrowmereProjMgrObj::WriteVersion(const QString& filePath, qint64 versi
 {
     CLmDataBase db(filePath);
     // A project removed meanwhile must not come back as an empty file.
-    if (!QFileInfo::exists(filePath) || !db.Open()) {
+    if (!QFileInfo::exists(filePath) || !db.OpenForeignForWriting(CLmProjectSchema::ProjectTables())) {
         qCWarning(lcProjSynch) << "DB Open failed" << filePath;
         return;
     }
