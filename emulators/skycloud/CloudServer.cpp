@@ -12,7 +12,20 @@
 
 #include <exception>
 
+namespace {
+
+// Loopback clients send their header block at once; a peer that trickles it
+// would otherwise hold one of the few server threads.
+const CloudConnection::Limits kConnectionLimits{std::chrono::seconds(5), 64 * 1024, std::chrono::seconds(5),
+                                                std::chrono::seconds(5)};
+
+}  // namespace
+
+const size_t CloudServer::DefaultBodyLimit = 1024 * 1024;
+
 CloudServer::CloudServer(CloudStore& store, PushChannel& channel, const ReleaseShelf& shelf, bool exposeCodes)
+    : m_server(kConnectionLimits)
+    , m_gate(store, DefaultBodyLimit)
 {
     m_groups.push_back(std::make_unique<UserEndpoints>(store, exposeCodes));
     m_groups.push_back(std::make_unique<AdminEndpoints>(store));
@@ -30,8 +43,23 @@ void CloudServer::AddGroup(std::unique_ptr<EndpointGroup> group)
     m_groups.push_back(std::move(group));
 }
 
+void CloudServer::AllowLargeBody(const std::string& path, size_t limit)
+{
+    m_gate.AllowLargeBody(path, limit);
+    m_server.set_payload_max_length(m_gate.LargestLimit());
+}
+
 void CloudServer::InstallHooks()
 {
+    m_server.set_payload_max_length(m_gate.LargestLimit());
+    m_server.set_pre_routing_handler([this](const httplib::Request& req, httplib::Response& res) {
+        return m_gate.Admit(req, res) ? httplib::Server::HandlerResponse::Unhandled
+                                      : httplib::Server::HandlerResponse::Handled;
+    });
+    // A client that waits for "100 Continue" learns of a refusal instead.
+    m_server.set_expect_100_continue_handler([this](const httplib::Request& req, httplib::Response& res) {
+        return m_gate.Admit(req, res) ? 100 : res.status;
+    });
     // A stop waits for idle keep-alive connections to time out; clients that
     // keep their connection (every Qt client does) must not hold it for long.
     m_server.set_keep_alive_timeout(1);

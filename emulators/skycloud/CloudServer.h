@@ -1,6 +1,8 @@
 #pragma once
 
+#include "CloudHttpServer.h"
 #include "EndpointGroup.h"
+#include "RequestGate.h"
 
 #include <memory>
 #include <vector>
@@ -9,8 +11,9 @@ class CloudStore;
 class PushChannel;
 class ReleaseShelf;
 
-// The HTTP side of the service on 127.0.0.1: routes, request log, and the
-// envelope for unknown paths and handler failures.
+// The HTTP side of the service on 127.0.0.1: routes, request log, the
+// envelope for unknown paths and handler failures, and the limits every
+// request is held to before any handler sees it.
 class CloudServer
 {
 public:
@@ -18,6 +21,11 @@ public:
 
     // Serves a further endpoint family; call before Bind().
     void AddGroup(std::unique_ptr<EndpointGroup> group);
+    // Bodies of the path may be larger than DefaultBodyLimit, up to the
+    // limit, and are read only from a signed-in account.
+    void AllowLargeBody(const std::string& path, size_t limit);
+
+    static const size_t DefaultBodyLimit;
 
     // Binds to the port (0 picks a free one); returns the bound port or -1.
     int Bind(int port);
@@ -29,6 +37,7 @@ public:
 private:
     void InstallHooks();
 
-    httplib::Server m_server;
+    CloudHttpServer m_server;
+    RequestGate m_gate;
     std::vector<std::unique_ptr<EndpointGroup>> m_groups;
 };

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr qint64 kCodeLifetimeSeconds = 600;
+constexpr int kMaxWrongGuesses = 5;
 
 const char* const kAccountColumns =
     "a.id, a.phone, a.nick_name, a.email, a.company, a.type, a.permission, a.avatar, a.created_at";
@@ -23,6 +24,11 @@ QString Now()
 const char* PurposeName(CloudStore::CodePurpose purpose)
 {
     return purpose == CloudStore::CodePurpose::ResetPassword ? "reset" : "validate";
+}
+
+QString GuessKey(const QString& phone, CloudStore::CodePurpose purpose)
+{
+    return QLatin1String(PurposeName(purpose)) + QLatin1Char(' ') + phone;
 }
 
 // A prepared statement that finalises itself; binds are 1-based.
@@ -338,6 +344,7 @@ QString CloudStore::IssueCode(const QString& phone, CodePurpose purpose)
     Statement upsert(m_db, "INSERT OR REPLACE INTO verification_codes (phone, purpose, code, issued_at) VALUES (?, ?, ?, ?)");
     upsert.Bind(1, phone).Bind(2, QString::fromLatin1(PurposeName(purpose))).Bind(3, code);
     upsert.Bind(4, QDateTime::currentSecsSinceEpoch()).Run();
+    m_wrongGuesses.remove(GuessKey(phone, purpose));
     return code;
 }
 
@@ -347,7 +354,17 @@ bool CloudStore::ConsumeCode(const QString& phone, CodePurpose purpose, const QS
     Statement drop(m_db, "DELETE FROM verification_codes WHERE phone = ? AND purpose = ? AND code = ? AND issued_at >= ?");
     drop.Bind(1, phone).Bind(2, QString::fromLatin1(PurposeName(purpose))).Bind(3, code);
     drop.Bind(4, QDateTime::currentSecsSinceEpoch() - kCodeLifetimeSeconds);
-    return drop.Run() && sqlite3_changes(m_db) == 1;
+    const QString key = GuessKey(phone, purpose);
+    if (drop.Run() && sqlite3_changes(m_db) == 1) {
+        m_wrongGuesses.remove(key);
+        return true;
+    }
+    if (++m_wrongGuesses[key] >= kMaxWrongGuesses) {
+        Statement spend(m_db, "DELETE FROM verification_codes WHERE phone = ? AND purpose = ?");
+        spend.Bind(1, phone).Bind(2, QString::fromLatin1(PurposeName(purpose))).Run();
+        m_wrongGuesses.remove(key);
+    }
+    return false;
 }
 
 QJsonArray CloudStore::Messages(qint64 accountId)

@@ -3,6 +3,7 @@
 #include "Account.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
@@ -58,7 +59,8 @@ public:
 
     // A new code for the phone and purpose replaces any earlier one.
     QString IssueCode(const QString& phone, CodePurpose purpose);
-    // True once for a code issued within the last ten minutes.
+    // True once for a code issued within the last ten minutes. Five wrong
+    // guesses spend the code as well, so it cannot be found by trying.
     bool ConsumeCode(const QString& phone, CodePurpose purpose, const QString& code);
 
     // Newest first.
@@ -79,4 +81,6 @@ private:
     QString m_dataDir;
     sqlite3* m_db = nullptr;
     std::mutex m_mutex;
+    // Wrong guesses at the current code, by purpose and phone.
+    QHash<QString, int> m_wrongGuesses;
 };

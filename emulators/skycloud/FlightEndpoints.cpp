@@ -6,18 +6,45 @@
 
 #include <QJsonDocument>
 
+#include <cmath>
+
 namespace {
+
+// Row ids are SQLite row ids, so positive; a JSON number holds every integer
+// up to 2^53 exactly, and nothing beyond can be told apart from its neighbours.
+constexpr double kLargestJsonId = 9007199254740992.0;
 
 std::optional<qint64> MissionIdOf(const FormFields& fields)
 {
     bool ok = false;
     const qint64 id = fields.Value("flight_mission_id").toLongLong(&ok);
-    return ok ? std::optional<qint64>(id) : std::nullopt;
+    return ok && id > 0 ? std::optional<qint64>(id) : std::nullopt;
+}
+
+bool IsExactInteger(const QJsonValue& value)
+{
+    const double number = value.toDouble(0.5);
+    return value.isDouble() && std::floor(number) == number && std::fabs(number) <= kLargestJsonId;
+}
+
+bool IsRowId(const QJsonValue& value)
+{
+    return IsExactInteger(value) && value.toDouble() >= 1.0;
 }
 
 bool IsLogRow(const QJsonValue& value)
 {
-    return value.isObject() && value.toObject().value(QStringLiteral("id")).isDouble();
+    return value.isObject() && IsRowId(value.toObject().value(QStringLiteral("id")));
+}
+
+// The form's flight_task_id, else the mission's, which clients send as text
+// or as a number.
+QString TaskIdOf(const FormFields& fields, const QJsonObject& mission)
+{
+    if (const std::optional<QString> text = fields.Optional("flight_task_id"))
+        return *text;
+    const QJsonValue taskId = mission.value(QStringLiteral("flight_task_id"));
+    return IsExactInteger(taskId) ? QString::number(taskId.toVariant().toLongLong()) : taskId.toString();
 }
 
 // The rows field: a JSON array of objects that each carry a numeric "id".
@@ -73,12 +100,12 @@ void FlightEndpoints::StoreUpload(const httplib::Request& req, httplib::Response
     FlightStore::MissionUpload upload;
     upload.projectId = fields.Value("project_id");
     upload.mission = QJsonDocument::fromJson(fields.Value("mission").toUtf8()).object();
-    upload.taskId = fields.Optional("flight_task_id")
-                        .value_or(upload.mission.value(QStringLiteral("flight_task_id")).toString());
+    upload.taskId = TaskIdOf(fields, upload.mission);
     const std::optional<qint64> missionId = MissionIdOf(fields);
     const std::optional<QJsonArray> rows = RowsOf(fields);
     if (!missionId || !rows) {
-        Envelope::Fail(res, 400, missionId ? QStringLiteral("Invalid rows") : QStringLiteral("Invalid flight_mission_id"));
+        Envelope::Fail(res, 400, missionId ? QStringLiteral("Invalid rows: each needs a positive integer id")
+                                           : QStringLiteral("Invalid flight_mission_id: a positive integer is expected"));
         return;
     }
     upload.missionId = *missionId;
@@ -115,7 +142,7 @@ void FlightEndpoints::ServeMissionRows(const httplib::Request& req, httplib::Res
         return;
     const std::optional<qint64> missionId = MissionIdOf(fields);
     if (!missionId) {
-        Envelope::Fail(res, 400, QStringLiteral("Invalid flight_mission_id"));
+        Envelope::Fail(res, 400, QStringLiteral("Invalid flight_mission_id: a positive integer is expected"));
         return;
     }
     const FlightStore::MissionRows rows = (m_flights.*read)(account->id, fields.Value("project_id"), *missionId);

@@ -68,9 +68,13 @@ void ProjectEndpoints::DownloadFile(const httplib::Request& req, httplib::Respon
     const QString projectId = fields.Value("id");
     if (!Granted(m_projects.SelectOwned(account->id, {projectId}), res))
         return;
-    const QByteArray bytes = m_projects.FileBytes(projectId);
+    const std::optional<QByteArray> bytes = m_projects.FileBytes(projectId);
+    if (!bytes) {
+        Envelope::Fail(res, 500, QStringLiteral("Stored project file is missing"));
+        return;
+    }
     res.status = 200;
-    res.set_content(bytes.toStdString(), "application/octet-stream");
+    res.set_content(bytes->toStdString(), "application/octet-stream");
 }
 
 void ProjectEndpoints::RemoveOne(const httplib::Request& req, httplib::Response& res)

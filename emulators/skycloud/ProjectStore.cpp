@@ -10,6 +10,8 @@
 #include <QSqlQuery>
 #include <QTemporaryFile>
 
+#include <cstdio>
+
 namespace {
 
 QString NowText()
@@ -21,6 +23,10 @@ bool IsTimeText(const QString& text)
 {
     return QDateTime::fromString(text, QLatin1String(DateTimeSFormat)).isValid();
 }
+
+// Upload temporaries sit beside the stored files, so the final rename
+// stays within one file system.
+constexpr char kUploadPrefix[] = ".upload-";
 
 }  // namespace
 
@@ -34,6 +40,7 @@ bool ProjectStore::Open(QString* error)
     std::lock_guard<std::mutex> lock(m_mutex);
     QDir().mkpath(m_dataDir + QStringLiteral("/projects"));
     m_isNew = !QFile::exists(IndexPath());
+    RemoveUploadLeftovers();
     CLmDataBase index(IndexPath());
     if (!index.Open()
         || !index.Exec(QStringLiteral("CREATE TABLE IF NOT EXISTS projects ("
@@ -74,47 +81,69 @@ QJsonArray ProjectStore::List(qint64 accountId)
 
 ProjectStore::UploadResult ProjectStore::Upload(qint64 accountId, const QByteArray& fileBytes)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
     QDir().mkpath(AccountFolder(accountId));
-    QTemporaryFile temp(AccountFolder(accountId) + QStringLiteral("/.upload-XXXXXX"));
+    QTemporaryFile temp(AccountFolder(accountId) + QLatin1Char('/') + QLatin1String(kUploadPrefix)
+                        + QStringLiteral("XXXXXX"));
     if (!temp.open() || temp.write(fileBytes) != fileBytes.size() || !temp.flush())
         return {QStringLiteral("Cannot store the project"), 500, {}};
     temp.close();
-    if (!CLmDataBase::IsSqliteFile(temp.fileName()))
+    const std::optional<ProjectRow> row =
+        CLmDataBase::IsSqliteFile(temp.fileName()) ? ReadProjectRow(temp.fileName()) : std::nullopt;
+    if (!row || row->id.isEmpty())
         return {QStringLiteral("Invalid project file"), 400, {}};
-    UploadResult result = StoreLocked(accountId, temp.fileName());
+    const NextVersion next = VersionAfter(accountId, row->id);
+    if (!next.refusal.error.isEmpty())
+        return next.refusal;
+    if (!StampFile(temp.fileName(), row->id, next.version, row->updatedAt))
+        return {QStringLiteral("Cannot store the project"), 500, {}};
+    UploadResult result = Commit(accountId, *row, next.version, temp.fileName());
     if (result.error.isEmpty())
         temp.setAutoRemove(false);
     return result;
 }
 
-ProjectStore::UploadResult ProjectStore::StoreLocked(qint64 accountId, const QString& tempPath)
+ProjectStore::NextVersion ProjectStore::VersionAfter(qint64 accountId, const QString& projectId)
 {
-    const std::optional<ProjectRow> row = ReadProjectRow(tempPath);
-    if (!row || row->id.isEmpty())
-        return {QStringLiteral("Invalid project file"), 400, {}};
+    std::lock_guard<std::mutex> lock(m_mutex);
+    CLmDataBase index(IndexPath());
+    QSqlQuery existing(index.Database());
+    if (!index.Open(true)
+        || !index.Exec(QStringLiteral("SELECT account_id, version FROM projects WHERE id = ?"), {projectId}, &existing))
+        return {{QStringLiteral("Cannot store the project"), 500, {}}, 0};
+    if (!existing.next())
+        return {};
+    if (existing.value(0).toLongLong() != accountId)
+        return {{QStringLiteral("Project belongs to another account"), 403, {}}, 0};
+    return {{}, existing.value(1).toLongLong() + 1};
+}
+
+ProjectStore::UploadResult ProjectStore::Commit(qint64 accountId, const ProjectRow& row, qint64 version,
+                                                const QString& tempPath)
+{
+    const UploadResult failed{QStringLiteral("Cannot store the project"), 500, {}};
+    std::lock_guard<std::mutex> lock(m_mutex);
     CLmDataBase index(IndexPath());
     if (!index.Open())
-        return {QStringLiteral("Cannot store the project"), 500, {}};
-    QSqlQuery existing(index.Database());
-    index.Exec(QStringLiteral("SELECT account_id, version FROM projects WHERE id = ?"), {row->id}, &existing);
-    qint64 version = 1;
-    if (existing.next()) {
-        if (existing.value(0).toLongLong() != accountId)
-            return {QStringLiteral("Project belongs to another account"), 403, {}};
-        version = existing.value(1).toLongLong() + 1;
-    }
-    existing.finish();
-    const QString updatedAt = IsTimeText(row->updatedAt) ? row->updatedAt : NowText();
-    const QString fileName = StoredFileName(row->id);
+        return failed;
+    const QVariant stored = index.SelectValue(QStringLiteral("SELECT version FROM projects WHERE id = ?"), {row.id});
+    if ((stored.isValid() ? stored.toLongLong() : 0) != version - 1)
+        return {QStringLiteral("Project was uploaded meanwhile, try again"), 409, {}};
+    const QString fileName = StoredFileName(row.id);
     const QString target = AccountFolder(accountId) + QLatin1Char('/') + fileName;
-    if (!StampFile(tempPath, row->id, version, updatedAt) || (QFile::exists(target) && !QFile::remove(target))
-        || !QFile::rename(tempPath, target))
-        return {QStringLiteral("Cannot store the project"), 500, {}};
-    index.Exec(QStringLiteral("INSERT OR REPLACE INTO projects (id, account_id, project_name, updated_at, version,"
-                              " flight_mission_count, file_name) VALUES (?, ?, ?, ?, ?, ?, ?)"),
-               {row->id, accountId, row->name, updatedAt, version, CountTasks(target), fileName});
-    return {QString(), 200, QJsonObject{{"id", row->id}, {"version", version}, {"updated_at", updatedAt}}};
+    if (!index.Database().transaction())
+        return failed;
+    // rename() replaces the old file in one step: a download always finds
+    // either the old or the new version.
+    if (!index.Exec(QStringLiteral("INSERT OR REPLACE INTO projects (id, account_id, project_name, updated_at,"
+                                   " version, flight_mission_count, file_name) VALUES (?, ?, ?, ?, ?, ?, ?)"),
+                    {row.id, accountId, row.name, row.updatedAt, version, row.taskCount, fileName})
+        || std::rename(QFile::encodeName(tempPath).constData(), QFile::encodeName(target).constData()) != 0) {
+        index.Database().rollback();
+        return failed;
+    }
+    if (!index.Database().commit())
+        return failed;
+    return {QString(), 200, QJsonObject{{"id", row.id}, {"version", version}, {"updated_at", row.updatedAt}}};
 }
 
 ProjectStore::Selection ProjectStore::SelectOwned(qint64 accountId, const QStringList& projectIds)
@@ -164,7 +193,17 @@ ProjectStore::Selection ProjectStore::Remove(qint64 accountId, const QStringList
     return selection;
 }
 
-QByteArray ProjectStore::FileBytes(const QString& projectId)
+std::optional<QByteArray> ProjectStore::FileBytes(const QString& projectId)
+{
+    // Read outside the lock: a replacing upload renames over the path, and
+    // the file opened here stays whole.
+    QFile file(StoredPath(projectId));
+    if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return file.readAll();
+}
+
+QString ProjectStore::StoredPath(const QString& projectId)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     CLmDataBase index(IndexPath());
@@ -172,9 +211,20 @@ QByteArray ProjectStore::FileBytes(const QString& projectId)
     if (!index.Open(true)
         || !index.Exec(QStringLiteral("SELECT account_id, file_name FROM projects WHERE id = ?"), {projectId}, &row)
         || !row.next())
-        return {};
-    QFile file(AccountFolder(row.value(0).toLongLong()) + QLatin1Char('/') + row.value(1).toString());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return QString();
+    return AccountFolder(row.value(0).toLongLong()) + QLatin1Char('/') + row.value(1).toString();
+}
+
+void ProjectStore::RemoveUploadLeftovers() const
+{
+    // Left by a stop in the middle of an upload: no index entry names them.
+    const QDir projects(m_dataDir + QStringLiteral("/projects"));
+    for (const QString& account : projects.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QDir folder(projects.filePath(account));
+        for (const QString& leftover :
+             folder.entryList({QLatin1String(kUploadPrefix) + QLatin1Char('*')}, QDir::Files | QDir::Hidden))
+            folder.remove(leftover);
+    }
 }
 
 QString ProjectStore::IndexPath() const
@@ -198,28 +248,28 @@ std::optional<ProjectStore::ProjectRow> ProjectStore::ReadProjectRow(const QStri
 {
     CLmDataBase db(filePath);
     QSqlQuery row(db.Database());
-    if (!db.Open(true)
+    if (!db.OpenForeign({QLatin1String(ProjectTableName), QLatin1String(FlightTaskTableName)})
         || !db.Exec(QStringLiteral("SELECT id, project_name, updated_at FROM %1 LIMIT 1")
                         .arg(QLatin1String(ProjectTableName)),
                     {}, &row)
         || !row.next())
         return std::nullopt;
-    return ProjectRow{row.value(0).toString(), row.value(1).toString(), row.value(2).toString()};
-}
-
-int ProjectStore::CountTasks(const QString& filePath)
-{
-    CLmDataBase db(filePath);
-    if (!db.Open(true))
-        return 0;
-    return db.SelectValue(QStringLiteral("SELECT count(*) FROM %1").arg(QLatin1String(FlightTaskTableName))).toInt();
+    ProjectRow project{row.value(0).toString(), row.value(1).toString(), row.value(2).toString(), 0};
+    row.finish();
+    const QVariant tasks = db.SelectValue(QStringLiteral("SELECT count(*) FROM %1").arg(QLatin1String(FlightTaskTableName)));
+    if (!tasks.isValid())
+        return std::nullopt;
+    project.taskCount = tasks.toInt();
+    if (!IsTimeText(project.updatedAt))
+        project.updatedAt = NowText();
+    return project;
 }
 
 bool ProjectStore::StampFile(const QString& filePath, const QString& projectId, qint64 version,
                              const QString& updatedAt)
 {
     CLmDataBase db(filePath);
-    return db.Open()
+    return db.OpenForeign({QLatin1String(ProjectTableName)}, CLmDataBase::EForeignAccess::PrivateCopy)
            && db.Exec(QStringLiteral("UPDATE %1 SET version = ?, updated_at = ? WHERE id = ?")
                           .arg(QLatin1String(ProjectTableName)),
                       {version, updatedAt, projectId});

@@ -14,8 +14,10 @@ class CLmDataBase;
 
 // The cloud's project store: the uploaded project files of every account in
 // <data>/projects/<account id>/, and an index of them in <data>/projects.db.
-// Calls are serialised by one mutex; each call opens its own connections,
-// because requests arrive on the threads of a pool.
+// Index work is serialised by one mutex; each call opens its own connections,
+// because requests arrive on the threads of a pool. An uploaded file is
+// checked and stamped outside the mutex, as a file from outside, so a
+// hostile one delays only its own request.
 class ProjectStore
 {
 public:
@@ -51,12 +53,15 @@ public:
     QJsonArray List(qint64 accountId);
     // Stores an uploaded project file: the project row inside names the id;
     // the version goes up by one and is written into the stored copy.
+    // Two uploads of one project at the same moment: the later is refused
+    // with 409 rather than stored under the same version.
     UploadResult Upload(qint64 accountId, const QByteArray& fileBytes);
     Selection SelectOwned(qint64 accountId, const QStringList& projectIds);
     // Removes the files and index entries of the projects, or nothing when
     // any id is not the account's.
     Selection Remove(qint64 accountId, const QStringList& projectIds);
-    QByteArray FileBytes(const QString& projectId);
+    // The stored file, or nothing when the index or the file lacks it.
+    std::optional<QByteArray> FileBytes(const QString& projectId);
 
 private:
     struct ProjectRow
@@ -64,16 +69,25 @@ private:
         QString id;
         QString name;
         QString updatedAt;
+        int taskCount = 0;
+    };
+
+    struct NextVersion
+    {
+        UploadResult refusal;  // error empty when the upload may go on
+        qint64 version = 1;
     };
 
     QString IndexPath() const;
     QString AccountFolder(qint64 accountId) const;
     QString StoredFileName(const QString& projectId) const;
+    QString StoredPath(const QString& projectId);
+    void RemoveUploadLeftovers() const;
     static std::optional<ProjectRow> ReadProjectRow(const QString& filePath);
-    static int CountTasks(const QString& filePath);
     static bool StampFile(const QString& filePath, const QString& projectId, qint64 version, const QString& updatedAt);
     static Selection SelectOwnedLocked(CLmDataBase& index, qint64 accountId, const QStringList& projectIds);
-    UploadResult StoreLocked(qint64 accountId, const QString& tempPath);
+    NextVersion VersionAfter(qint64 accountId, const QString& projectId);
+    UploadResult Commit(qint64 accountId, const ProjectRow& row, qint64 version, const QString& tempPath);
 
     QString m_dataDir;
     bool m_isNew = false;

@@ -21,6 +21,14 @@ PushHub::PushHub(CloudStore& store)
     connect(&m_server, &QTcpServer::newConnection, this, &PushHub::OnNewConnection);
 }
 
+PushHub::~PushHub()
+{
+    // The sockets are children of the server, which outlives the subscriber
+    // table: as they close they must no longer reach into it.
+    for (QTcpSocket* socket : m_server.findChildren<QTcpSocket*>())
+        socket->disconnect(this);
+}
+
 int PushHub::Listen(int port)
 {
     if (!m_server.listen(QHostAddress::LocalHost, static_cast<quint16>(port)))

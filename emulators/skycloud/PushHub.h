@@ -18,6 +18,7 @@ class PushHub : public QObject
     Q_OBJECT
 public:
     explicit PushHub(CloudStore& store);
+    ~PushHub() override;
 
     // Returns the bound port or -1.
     int Listen(int port);

@@ -17,6 +17,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <chrono>
 #include <cstdio>
 #include <memory>
 
@@ -24,6 +25,9 @@ namespace {
 
 constexpr int kDefaultPort = 18080;
 constexpr int kDefaultPushPort = 18081;
+constexpr size_t kFileBodyLimit = 256 * 1024 * 1024;
+// Busy requests get this long to finish after SIGTERM or SIGINT.
+constexpr std::chrono::milliseconds kStopGrace{900};
 
 QString DefaultDataDir()
 {
@@ -116,6 +120,9 @@ int main(int argc, char* argv[])
     server.AddGroup(std::make_unique<ProjectEndpoints>(store, projects));
     server.AddGroup(std::make_unique<FlightEndpoints>(store, flights));
     server.AddGroup(std::make_unique<ShareEndpoints>(store, projects, shares, channel));
+    // Request bodies: CloudServer::DefaultBodyLimit (1 MB) but where files and logs arrive.
+    server.AllowLargeBody("/project/upload", kFileBodyLimit);
+    server.AllowLargeBody("/flight/upload", kFileBodyLimit);
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));
@@ -128,8 +135,9 @@ int main(int argc, char* argv[])
     std::fflush(stdout);
     qCInfo(lcSkyCloud).noquote() << "data folder" << parser.value(dataOption);
 
-    signalWatcher.Start([&server] { server.Stop(); });
+    signalWatcher.Start([&server] { server.Stop(); }, kStopGrace);
     const bool served = server.Run();
+    signalWatcher.Finished();
     qCInfo(lcSkyCloud) << "stopped";
     return served ? 0 : 1;
 }

@@ -1,30 +1,19 @@
 #include "CLmDataBase.h"
 
+#include "CLmQueryDeadline.h"
 #include "LmDataLog.h"
 
 #include <QAtomicInteger>
 #include <QFile>
 #include <QFileInfo>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QSqlDriver>
 #include <QThread>
 
 #include <sqlite3.h>
 
 namespace {
-
-// The progress handler looks at the clock every this many virtual machine
-// steps: often enough to stop within milliseconds, rare enough to cost nothing.
-constexpr int ProgressSteps = 1000;
-
-sqlite3* SqliteHandle(const QSqlDatabase& db)
-{
-    const QVariant handle = db.driver()->handle();
-    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
-        return nullptr;
-    return *static_cast<sqlite3* const*>(handle.constData());
-}
 
 QString UniqueConnectionName()
 {
@@ -67,101 +56,75 @@ bool CLmDataBase::Open(bool readOnly)
     return true;
 }
 
-bool CLmDataBase::OpenForeign(const QStringList& expectedTables, int statementBudgetMs)
+bool CLmDataBase::OpenForeign(const QStringList& plainTables, EForeignAccess access, int queryBudgetMs)
 {
-    return OpenChecked(true, expectedTables, statementBudgetMs);
-}
-
-bool CLmDataBase::OpenForeignForWriting(const QStringList& expectedTables, int statementBudgetMs)
-{
-    return OpenChecked(false, expectedTables, statementBudgetMs);
-}
-
-bool CLmDataBase::OpenChecked(bool readOnly, const QStringList& expectedTables, int statementBudgetMs)
-{
-    if (!Open(readOnly))
+    if (!Open(access == EForeignAccess::ReadOnly))
         return false;
-    if (LockDown(readOnly, statementBudgetMs) && CheckSchema(QStringLiteral("main"), expectedTables))
-        return true;
-    qCWarning(lcDataBase) << "refused" << m_strFilePath << m_strLastError;
-    Close();
-    return false;
-}
-
-bool CLmDataBase::AttachForeign(const QString& filePath, const QString& schemaName, const QStringList& expectedTables)
-{
-    if (!Exec(QStringLiteral("ATTACH DATABASE ? AS %1").arg(schemaName), {filePath}))
-        return false;
-    if (CheckSchema(schemaName, expectedTables))
-        return true;
-    qCWarning(lcDataBase) << "refused" << filePath << m_strLastError;
-    Exec(QStringLiteral("DETACH DATABASE %1").arg(schemaName));
-    return false;
-}
-
-bool CLmDataBase::LockDown(bool readOnly, int statementBudgetMs)
-{
-    sqlite3* handle = SqliteHandle(m_db);
-    if (!handle) {
-        m_strLastError = QStringLiteral("not an SQLite connection");
-        return false;
-    }
-    m_statementBudget = std::chrono::milliseconds(statementBudgetMs);
-    RestartStatementClock();
-    sqlite3_progress_handler(handle, ProgressSteps, &CLmDataBase::StatementOverBudget, this);
-    sqlite3_trace_v2(handle, SQLITE_TRACE_STMT, &CLmDataBase::StatementStarted, this);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    return (!readOnly || Exec(QStringLiteral("PRAGMA query_only = ON")))
-        && Exec(QStringLiteral("PRAGMA trusted_schema = OFF")) && Exec(QStringLiteral("PRAGMA cell_size_check = ON"));
-}
-
-bool CLmDataBase::CheckSchema(const QString& schemaName, const QStringList& expectedTables)
-{
-    QSqlQuery entries(m_db);
-    if (!Exec(QStringLiteral("SELECT type, name, sql FROM %1.sqlite_master").arg(schemaName), {}, &entries))
-        return false;
-    while (entries.next()) {
-        const QString type = entries.value(0).toString();
-        const QString name = entries.value(1).toString();
-        if (type == QLatin1String("trigger")) {
-            m_strLastError = QStringLiteral("the file carries trigger ") + name;
-            return false;
-        }
-        if (!expectedTables.contains(name, Qt::CaseInsensitive))
-            continue;
-        const bool virtualTable = entries.value(2).toString().simplified().startsWith(
-            QLatin1String("CREATE VIRTUAL"), Qt::CaseInsensitive);
-        if (type != QLatin1String("table") || virtualTable) {
-            m_strLastError = name + QStringLiteral(" is not a plain table");
-            return false;
-        }
-    }
-    if (entries.lastError().type() != QSqlError::NoError) {
-        m_strLastError = entries.lastError().text();
+    if (!HardenForeign(access, queryBudgetMs) || !HasOnlyPlainTables(QStringLiteral("main"), plainTables)) {
+        qCWarning(lcDataBase) << "refused" << m_strFilePath << m_strLastError;
+        Close();
         return false;
     }
     return true;
 }
 
-void CLmDataBase::RestartStatementClock()
+bool CLmDataBase::AttachForeign(const QString& filePath, const QString& schemaName, const QStringList& plainTables)
 {
-    m_statementStart = std::chrono::steady_clock::now();
+    if (!m_pDeadline)
+        return Refuse(QStringLiteral("not a connection to a file from outside"));
+    if (!Exec(QStringLiteral("ATTACH DATABASE ? AS %1").arg(schemaName), {filePath}))
+        return false;
+    if (HasOnlyPlainTables(schemaName, plainTables))
+        return true;
+    qCWarning(lcDataBase) << "refused" << filePath << m_strLastError;
+    const QString reason = m_strLastError;
+    Exec(QStringLiteral("DETACH DATABASE %1").arg(schemaName));
+    return Refuse(reason);
 }
 
-int CLmDataBase::StatementOverBudget(void* self)
+bool CLmDataBase::HardenForeign(EForeignAccess access, int queryBudgetMs)
 {
-    const auto* db = static_cast<const CLmDataBase*>(self);
-    return std::chrono::steady_clock::now() - db->m_statementStart > db->m_statementBudget ? 1 : 0;
+    const QVariant handle = m_db.driver()->handle();
+    if (qstrcmp(handle.typeName(), "sqlite3*") != 0 || !*static_cast<sqlite3* const*>(handle.constData()))
+        return Refuse(QStringLiteral("not an SQLite connection"));
+    sqlite3* connection = *static_cast<sqlite3* const*>(handle.constData());
+    m_pDeadline = std::make_unique<CLmQueryDeadline>(connection, queryBudgetMs);
+    // Defensive mode keeps even a writable copy from corrupting itself
+    // through writes to the schema or journal settings.
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    return Exec(QStringLiteral("PRAGMA trusted_schema = OFF"))
+           && (access == EForeignAccess::PrivateCopy || Exec(QStringLiteral("PRAGMA query_only = ON")));
 }
 
-int CLmDataBase::StatementStarted(unsigned, void* self, void*, void*)
+bool CLmDataBase::HasOnlyPlainTables(const QString& schemaName, const QStringList& tables)
 {
-    static_cast<CLmDataBase*>(self)->RestartStatementClock();
-    return 0;
+    const QVariant triggers =
+        SelectValue(QStringLiteral("SELECT count(*) FROM %1.sqlite_master WHERE type = 'trigger'").arg(schemaName));
+    if (!triggers.isValid())
+        return false;
+    if (triggers.toLongLong() != 0)
+        return Refuse(QStringLiteral("the file carries triggers"));
+    for (const QString& table : tables) {
+        const QString sql = SelectValue(QStringLiteral("SELECT sql FROM %1.sqlite_master WHERE type = 'table'"
+                                                       " AND name = ? COLLATE NOCASE")
+                                            .arg(schemaName),
+                                        {table})
+                                .toString();
+        if (sql.isEmpty() || sql.startsWith(QLatin1String("CREATE VIRTUAL"), Qt::CaseInsensitive))
+            return Refuse(QStringLiteral("%1 is not a plain table").arg(table));
+    }
+    return true;
+}
+
+bool CLmDataBase::Refuse(const QString& reason)
+{
+    m_strLastError = reason;
+    return false;
 }
 
 void CLmDataBase::Close()
 {
+    m_pDeadline.reset();
     if (m_strConnection.isEmpty())
         return;
     m_db.close();
@@ -181,7 +144,8 @@ bool CLmDataBase::Exec(const QString& sql, const QVariantList& values, QSqlQuery
         m_strLastError = QStringLiteral("database not open");
         return false;
     }
-    RestartStatementClock();
+    if (m_pDeadline)
+        m_pDeadline->Arm();
     QSqlQuery query(m_db);
     // Results are read once, front to back; nothing needs Qt's row cache.
     query.setForwardOnly(true);
@@ -193,7 +157,8 @@ bool CLmDataBase::Exec(const QString& sql, const QVariantList& values, QSqlQuery
     for (const QVariant& value : values)
         query.addBindValue(value);
     if (!query.exec()) {
-        m_strLastError = query.lastError().text();
+        m_strLastError = m_pDeadline && m_pDeadline->Expired() ? QStringLiteral("the query took too long")
+                                                                : query.lastError().text();
         qCWarning(lcDataBase) << "statement failed:" << m_strLastError;
         return false;
     }
@@ -236,6 +201,6 @@ bool CLmDataBase::IsSqliteFile(const QString& filePath)
     file.close();
     CLmDataBase db(filePath);
     // quick_check reads every page, so a file cut short is refused; the file
-    // may come from anywhere, so it is opened as a foreign one.
+    // may come from anywhere, so it is opened as one from outside.
     return db.OpenForeign({}) && db.SelectValue(QStringLiteral("PRAGMA quick_check")).toString() == QLatin1String("ok");
 }

@@ -5,8 +5,9 @@
 #include <QStringList>
 #include <QVariantList>
 
-#include <chrono>
+#include <memory>
 
+class CLmQueryDeadline;
 class QSqlQuery;
 
 // One SQLite database file opened through QtSql. Every object owns its own
@@ -15,6 +16,12 @@ class QSqlQuery;
 class CLmDataBase
 {
 public:
+    // How a file that came from outside (the network, a device, a disk) is
+    // opened: only read, or written as a private copy the caller owns.
+    enum class EForeignAccess { ReadOnly, PrivateCopy };
+
+    static constexpr int DefaultForeignQueryBudgetMs = 3000;
+
     explicit CLmDataBase(const QString& filePath);
     ~CLmDataBase();
     CLmDataBase(const CLmDataBase&) = delete;
@@ -22,18 +29,15 @@ public:
 
     // Opens the file; read-only never creates a missing file.
     bool Open(bool readOnly = false);
-    // Opens a file that came from elsewhere (the cloud, a device, a disk, a
-    // colleague) for reading only: query_only, trusted_schema off, and every
-    // statement run on the connection afterwards is stopped once it has run
-    // for statementBudgetMs. Refused, with LastError() telling why, when any
-    // of expectedTables that the file has is not a plain table or when the
-    // file carries a trigger.
-    bool OpenForeign(const QStringList& expectedTables, int statementBudgetMs = DefaultStatementBudgetMs);
-    // The same checks and time bound for a foreign file the hub writes into
-    // (created when missing), without query_only.
-    bool OpenForeignForWriting(const QStringList& expectedTables, int statementBudgetMs = DefaultStatementBudgetMs);
-    // Attaches a second foreign file under schemaName with the same checks.
-    bool AttachForeign(const QString& filePath, const QString& schemaName, const QStringList& expectedTables);
+    // Opens a file from outside: trusted_schema off (and query_only unless
+    // it is a private copy), refused when one of the tables is missing or
+    // is not a plain table, or when the file carries triggers; every
+    // statement and the reading of its rows is bounded in time afterwards.
+    bool OpenForeign(const QStringList& plainTables, EForeignAccess access = EForeignAccess::ReadOnly,
+                     int queryBudgetMs = DefaultForeignQueryBudgetMs);
+    // Attaches a second file from outside to a connection opened with
+    // OpenForeign, under schemaName, with the same checks of its tables.
+    bool AttachForeign(const QString& filePath, const QString& schemaName, const QStringList& plainTables);
     void Close();
     bool IsOpen() const;
 
@@ -50,20 +54,14 @@ public:
     // True when the file starts with the SQLite header and opens as a database.
     static bool IsSqliteFile(const QString& filePath);
 
-    static constexpr int DefaultStatementBudgetMs = 5000;
-
 private:
-    bool OpenChecked(bool readOnly, const QStringList& expectedTables, int statementBudgetMs);
-    bool LockDown(bool readOnly, int statementBudgetMs);
-    bool CheckSchema(const QString& schemaName, const QStringList& expectedTables);
-    void RestartStatementClock();
-    static int StatementOverBudget(void* self);
-    static int StatementStarted(unsigned event, void* self, void* statement, void* sql);
+    bool HardenForeign(EForeignAccess access, int queryBudgetMs);
+    bool HasOnlyPlainTables(const QString& schemaName, const QStringList& tables);
+    bool Refuse(const QString& reason);
 
     QString m_strFilePath;
     QString m_strConnection;
     QSqlDatabase m_db;
     QString m_strLastError;
-    std::chrono::milliseconds m_statementBudget{0};
-    std::chrono::steady_clock::time_point m_statementStart;
+    std::unique_ptr<CLmQueryDeadline> m_pDeadline;
 };

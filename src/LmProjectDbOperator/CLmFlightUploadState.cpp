@@ -97,7 +97,7 @@ bool CLmFlightUploadState::MarkUploaded(const QString& filePath, qint64 missionI
     CLmDataBase db(filePath);
     const QString table = QLatin1String(TableName);
     const bool ok =
-        db.OpenForeignForWriting(CLmProjectSchema::MissionTables())
+        db.OpenForeign({}, CLmDataBase::EForeignAccess::PrivateCopy)
         && db.Exec(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (flight_mission_id INTEGER PRIMARY KEY,"
                                   " uploaded_log_id INTEGER NOT NULL, uploaded_at TEXT NOT NULL)")
                        .arg(table))

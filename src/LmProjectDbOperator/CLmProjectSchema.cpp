@@ -1,7 +1,6 @@
 #include "CLmProjectSchema.h"
 
 #include "CLmDataBase.h"
-#include "CLmFlightUploadState.h"
 #include "LmProjectConstants.h"
 
 QStringList CLmProjectSchema::ProjectStatements()
@@ -78,9 +77,7 @@ QStringList CLmProjectSchema::ProjectTables()
 
 QStringList CLmProjectSchema::MissionTables()
 {
-    return {QLatin1String(FlightMissionTableName), QLatin1String(FlightLogTableName),
-            QLatin1String(UasStatusTableName), QLatin1String(PosDataTableName),
-            QLatin1String(CLmFlightUploadState::TableName)};
+    return {QLatin1String(FlightMissionTableName), QLatin1String(FlightLogTableName)};
 }
 
 bool CLmProjectSchema::ExecAll(CLmDataBase& db, const QStringList& statements)

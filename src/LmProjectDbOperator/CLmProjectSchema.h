@@ -12,7 +12,8 @@ class CLmProjectSchema
 public:
     static bool CreateProjectTables(CLmDataBase& db);
     static bool CreateMissionTables(CLmDataBase& db);
-    // Names of the tables, for checking a file from elsewhere before reading it.
+    // The tables every project (mission) database has and its readers need,
+    // for checking a file from outside before reading it.
     static QStringList ProjectTables();
     static QStringList MissionTables();
 

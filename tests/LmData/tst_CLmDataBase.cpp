@@ -1,6 +1,5 @@
 #include "CLmDataBase.h"
 
-#include <QSqlError>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
@@ -17,14 +16,15 @@ private Q_SLOTS:
     void boundValuesKeepQuotesAsData();
     void readOnlyOpenNeverCreatesFile();
     void objectsInSeveralThreadsDoNotShareConnections();
-    void foreignFileOpens_data();
-    void foreignFileOpens();
-    void foreignStatementIsStoppedOverBudget();
+    void foreignFileChecks_data();
+    void foreignFileChecks();
+    void foreignQueryIsBoundedInTime();
+    void foreignFileWritableOnlyAsPrivateCopy_data();
+    void foreignFileWritableOnlyAsPrivateCopy();
     void foreignAttachIsChecked();
 
 private:
     QString MakeDatabase(const QString& name, int rows);
-    QString MakeForeignFile(const QString& name, const QStringList& statements);
     QTemporaryDir m_dir;
 };
 
@@ -117,80 +117,94 @@ void tst_CLmDataBase::objectsInSeveralThreadsDoNotShareConnections()
     QCOMPARE(second.result(), 200);
 }
 
+Q_DECLARE_METATYPE(CLmDataBase::EForeignAccess)
+
 namespace {
 
-// Counts up for ever; only an interrupted statement ends it.
-constexpr char EndlessRows[] = "WITH RECURSIVE r(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM r) SELECT x FROM r";
+// Runs for ever while yielding nothing: a view or query built on it never ends.
+const char* const kEndlessQuery = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n)"
+                                  " SELECT i FROM n WHERE i < 0";
 
 }  // namespace
 
-QString tst_CLmDataBase::MakeForeignFile(const QString& name, const QStringList& statements)
+void tst_CLmDataBase::foreignFileChecks_data()
 {
-    const QString path = m_dir.filePath(name);
-    CLmDataBase db(path);
-    if (!db.Open())
-        qFatal("cannot create %s", qPrintable(path));
-    for (const QString& statement : statements)
-        if (!db.Exec(statement))
-            qFatal("cannot run %s", qPrintable(statement));
-    return path;
-}
-
-void tst_CLmDataBase::foreignFileOpens_data()
-{
-    const QString table = QStringLiteral("CREATE TABLE project (id TEXT, name TEXT)");
-    QTest::addColumn<QStringList>("statements");
-    QTest::addColumn<bool>("opens");
-    QTest::newRow("plain tables") << QStringList{table, QStringLiteral("CREATE TABLE other (x)")} << true;
-    QTest::newRow("expected table missing") << QStringList{QStringLiteral("CREATE TABLE other (x)")} << true;
-    QTest::newRow("unrelated view") << QStringList{table, QStringLiteral("CREATE VIEW v AS SELECT 1")} << true;
-    QTest::newRow("expected table is an endless view")
-        << QStringList{QStringLiteral("CREATE VIEW project AS ") + QLatin1String(EndlessRows)} << false;
-    QTest::newRow("expected table named in other case is a view")
-        << QStringList{QStringLiteral("CREATE VIEW PROJECT AS SELECT 1 AS id")} << false;
-    QTest::newRow("trigger on an unrelated table")
-        << QStringList{table, QStringLiteral("CREATE TABLE other (x)"),
-                       QStringLiteral("CREATE TRIGGER t AFTER INSERT ON other BEGIN DELETE FROM project; END")}
+    QTest::addColumn<QStringList>("schema");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("plain tables") << QStringList{"CREATE TABLE project (id TEXT)", "CREATE TABLE task (id TEXT)"}
+                                  << true;
+    QTest::newRow("endless view in place of a table")
+        << QStringList{QStringLiteral("CREATE VIEW project AS %1").arg(QLatin1String(kEndlessQuery)),
+                       "CREATE TABLE task (id TEXT)"}
         << false;
+    QTest::newRow("virtual table in place of a table")
+        << QStringList{"CREATE VIRTUAL TABLE project USING rtree(id, x0, x1)", "CREATE TABLE task (id TEXT)"}
+        << false;
+    QTest::newRow("trigger on a table") << QStringList{"CREATE TABLE project (id TEXT)", "CREATE TABLE task (id TEXT)",
+                                                       "CREATE TRIGGER t AFTER INSERT ON task BEGIN"
+                                                       " DELETE FROM project; END"}
+                                        << false;
+    QTest::newRow("table missing") << QStringList{"CREATE TABLE project (id TEXT)"} << false;
 }
 
-void tst_CLmDataBase::foreignFileOpens()
+void tst_CLmDataBase::foreignFileChecks()
 {
-    QFETCH(QStringList, statements);
-    QFETCH(bool, opens);
-    const QString path = MakeForeignFile(QString::fromLatin1(QTest::currentDataTag()) + QStringLiteral(".db"),
-                                         statements);
-    CLmDataBase db(path);
-    QCOMPARE(db.OpenForeign({QStringLiteral("project")}), opens);
-    QCOMPARE(db.IsOpen(), opens);
-    CLmDataBase writer(path);
-    QCOMPARE(writer.OpenForeignForWriting({QStringLiteral("project")}), opens);
-    if (!opens)
-        return;
-    QVERIFY2(!db.Exec(QStringLiteral("CREATE TABLE written (x)")), "a file opened for reading is never written");
-    QVERIFY(writer.Exec(QStringLiteral("CREATE TABLE written (x)")));
-}
+    QFETCH(QStringList, schema);
+    QFETCH(bool, accepted);
 
-void tst_CLmDataBase::foreignStatementIsStoppedOverBudget()
-{
-    const QString path = MakeForeignFile(QStringLiteral("budget.db"), {QStringLiteral("CREATE TABLE project (id)")});
-    CLmDataBase db(path);
-    QVERIFY(db.OpenForeign({QStringLiteral("project")}, 50));
-    QVERIFY(!db.Exec(QStringLiteral("SELECT count(*) FROM (%1)").arg(QLatin1String(EndlessRows))));
-    QSqlQuery rows(db.Database());
-    QVERIFY(rows.exec(QLatin1String(EndlessRows)));
-    while (rows.next()) {
+    const QString path = m_dir.filePath(QString::fromLatin1(QTest::currentDataTag()) + QStringLiteral(".db"));
+    {
+        CLmDataBase db(path);
+        QVERIFY(db.Open());
+        for (const QString& statement : schema)
+            QVERIFY2(db.Exec(statement), qPrintable(db.LastError()));
     }
-    QVERIFY2(rows.lastError().isValid(), "a statement run past the connection's helper is bounded as well");
-    QCOMPARE(db.SelectValue(QStringLiteral("SELECT count(*) FROM project")).toInt(), 0);
+    CLmDataBase foreign(path);
+    QCOMPARE(foreign.OpenForeign({QStringLiteral("project"), QStringLiteral("task")}), accepted);
+    QCOMPARE(foreign.IsOpen(), accepted);
+}
+
+void tst_CLmDataBase::foreignQueryIsBoundedInTime()
+{
+    CLmDataBase foreign(MakeDatabase(QStringLiteral("bounded.db"), 10));
+    QVERIFY(foreign.OpenForeign({QStringLiteral("t")}, CLmDataBase::EForeignAccess::ReadOnly, 200));
+    QVERIFY(!foreign.Exec(QLatin1String(kEndlessQuery)));
+    QVERIFY(foreign.LastError().contains(QLatin1String("too long")));
+    // The next statement has a budget of its own.
+    QCOMPARE(foreign.SelectValue(QStringLiteral("SELECT count(*) FROM t")).toInt(), 10);
+}
+
+void tst_CLmDataBase::foreignFileWritableOnlyAsPrivateCopy_data()
+{
+    QTest::addColumn<CLmDataBase::EForeignAccess>("access");
+    QTest::addColumn<bool>("written");
+    QTest::newRow("read only") << CLmDataBase::EForeignAccess::ReadOnly << false;
+    QTest::newRow("private copy") << CLmDataBase::EForeignAccess::PrivateCopy << true;
+}
+
+void tst_CLmDataBase::foreignFileWritableOnlyAsPrivateCopy()
+{
+    QFETCH(CLmDataBase::EForeignAccess, access);
+    QFETCH(bool, written);
+
+    CLmDataBase foreign(MakeDatabase(QString::fromLatin1(QTest::currentDataTag()) + QStringLiteral(".db"), 3));
+    QVERIFY(foreign.OpenForeign({QStringLiteral("t")}, access));
+    QCOMPARE(foreign.Exec(QStringLiteral("UPDATE t SET text = 'stamped'")), written);
 }
 
 void tst_CLmDataBase::foreignAttachIsChecked()
 {
-    const QString main = MakeForeignFile(QStringLiteral("main.db"), {QStringLiteral("CREATE TABLE project (id)")});
-    const QString plain = MakeForeignFile(QStringLiteral("plain.db"), {QStringLiteral("CREATE TABLE mission (id)")});
-    const QString hostile = MakeForeignFile(QStringLiteral("hostile.db"),
-        {QStringLiteral("CREATE VIEW mission AS ") + QLatin1String(EndlessRows)});
+    auto makeFile = [this](const QString& name, const QString& statement) {
+        const QString path = m_dir.filePath(name);
+        CLmDataBase db(path);
+        if (!db.Open() || !db.Exec(statement))
+            qFatal("cannot write %s", qPrintable(path));
+        return path;
+    };
+    const QString main = makeFile(QStringLiteral("main.db"), QStringLiteral("CREATE TABLE project (id)"));
+    const QString plain = makeFile(QStringLiteral("plain.db"), QStringLiteral("CREATE TABLE mission (id)"));
+    const QString hostile = makeFile(QStringLiteral("hostile.db"),
+                                     QStringLiteral("CREATE VIEW mission AS %1").arg(QLatin1String(kEndlessQuery)));
     CLmDataBase db(main);
     QVERIFY(db.OpenForeign({QStringLiteral("project")}));
     QVERIFY(!db.AttachForeign(hostile, QStringLiteral("m"), {QStringLiteral("mission")}));

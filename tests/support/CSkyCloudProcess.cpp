@@ -11,6 +11,9 @@
 #include <QRegularExpression>
 #include <QTimer>
 #include <QUrl>
+#include <QtTest>
+
+#include <utility>
 
 namespace {
 
@@ -55,8 +58,10 @@ bool CSkyCloudProcess::Start(int timeoutMs)
                  qPrintable(m_process.errorString()));
         return false;
     }
-    if (ReadPortLines(timeoutMs))
+    if (ReadPortLines(timeoutMs)) {
+        m_bServing = true;
         return true;
+    }
     Stop();
     return false;
 }
@@ -120,13 +125,28 @@ void CSkyCloudProcess::Stop()
 {
     m_port = 0;
     m_pushPort = 0;
-    if (m_process.state() == QProcess::NotRunning)
+    const bool wasServing = std::exchange(m_bServing, false);
+    if (m_process.state() == QProcess::NotRunning) {
+        if (wasServing)
+            ReportUncleanStop(QStringLiteral("skycloud ended before it was stopped"));
         return;
+    }
     m_process.terminate();
     if (!m_process.waitForFinished(kStopTimeoutMs)) {
         m_process.kill();
         m_process.waitForFinished(kStopTimeoutMs);
+        ReportUncleanStop(QStringLiteral("skycloud did not stop on SIGTERM"));
+    } else if (m_process.exitStatus() != QProcess::NormalExit || m_process.exitCode() != 0) {
+        ReportUncleanStop(QStringLiteral("skycloud stopped with exit code %1").arg(m_process.exitCode()));
     }
+}
+
+void CSkyCloudProcess::ReportUncleanStop(const QString& why)
+{
+    if (QTest::currentTestFunction())
+        QTest::qFail(qPrintable(why), __FILE__, __LINE__);
+    else
+        qFatal("%s", qPrintable(why));
 }
 
 QJsonObject CSkyCloudProcess::Call(const QByteArray& path, const QByteArray& formBody, const QByteArray& token,

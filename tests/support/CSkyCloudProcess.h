@@ -10,7 +10,9 @@
 // Runs the skycloud emulator for one test: on free loopback ports (HTTP and
 // push channel), with a data folder of its own that lives as long as this object. The binary is
 // $SKYCONSOLE_BIN_DIR/skycloud when that variable is set, else the one built
-// with the tree. Its stderr goes to the test's stderr.
+// with the tree. Its stderr goes to the test's stderr. An emulator that does
+// not stop cleanly (a crash, a hang, a non-zero exit) fails the test that
+// stops it, or aborts the test program when no test function is running.
 class CSkyCloudProcess
 {
 public:
@@ -51,6 +53,7 @@ public:
 private:
     bool ReadPortLines(int timeoutMs);
     QString ReadLine(const QDeadlineTimer& deadline);
+    static void ReportUncleanStop(const QString& why);
 
     QStringList m_extraArgs;
     QTemporaryDir m_dataDir;
@@ -58,4 +61,5 @@ private:
     quint16 m_port = 0;
     quint16 m_pushPort = 0;
     quint16 m_requestedPushPort = 0;
+    bool m_bServing = false;
 };

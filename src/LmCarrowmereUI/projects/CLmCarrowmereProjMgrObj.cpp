@@ -366,7 +366,7 @@ bool CLmCarrowmereProjMgrObj::ReplaceWithDownload(const QByteArray& data, const 
 QString CLmCarrowmereProjMgrObj::ReadUpdateTime(const QString& filePath, const QString& projId) const
 {
     CLmDataBase db(filePath);
-    if (!db.OpenForeign(CLmProjectSchema::ProjectTables())) {
+    if (!db.OpenForeign({QLatin1String(ProjectTableName)})) {
         qCWarning(lcProjSynch) << "DB Open failed" << filePath;
         return {};
     }
@@ -433,7 +433,8 @@ void CLmCarrowmereProjMgrObj::WriteVersion(const QString& filePath, qint64 versi
 {
     CLmDataBase db(filePath);
     // A project removed meanwhile must not come back as an empty file.
-    if (!QFileInfo::exists(filePath) || !db.OpenForeignForWriting(CLmProjectSchema::ProjectTables())) {
+    if (!QFileInfo::exists(filePath)
+        || !db.OpenForeign({QLatin1String(ProjectTableName)}, CLmDataBase::EForeignAccess::PrivateCopy)) {
         qCWarning(lcProjSynch) << "DB Open failed" << filePath;
         return;
     }
