@@ -9,7 +9,10 @@ namespace LmPushText {
 QVector<QJsonObject> Notifications(const QByteArray& text)
 {
     QVector<QJsonObject> notifications;
-    const QStringList pieces = QString::fromUtf8(text).split(QStringLiteral("SWOOLE_SOCKET_FINISH"));
+    // With its size: a NUL byte would end the text there, taking every later
+    // notification of the read with it.
+    const QStringList pieces =
+        QString::fromUtf8(text.constData(), text.size()).split(QStringLiteral("SWOOLE_SOCKET_FINISH"));
     for (const QString& piece : pieces) {
         const QJsonDocument document = QJsonDocument::fromJson(piece.toUtf8());
         const QJsonObject object = document.object();
