@@ -22,9 +22,13 @@ log=$scratch/run.log
 status=$?
 runs=$(grep -o 'Done [0-9]* runs in [0-9]* second' "$log" | tail -1 | awk '{print $2, $5}')
 record=fuzz/last-local-run.txt
-touch "$record"
-grep -v "^$name " "$record" >"$record.new" || true
-echo "$name ${runs:-0 0} $(date -u +%Y-%m-%d) exit=$status" >>"$record.new"
-sort "$record.new" >"$record" && rm -f "$record.new"
+# Several targets may run at once; one of them updates the record at a time.
+(
+  flock 9
+  touch "$record"
+  grep -v "^$name " "$record" >"$record.new" || true
+  echo "$name ${runs:-0 0} $(date -u +%Y-%m-%d) exit=$status" >>"$record.new"
+  sort "$record.new" >"$record" && rm -f "$record.new"
+) 9>"${TMPDIR:-/tmp}/skyconsole-fuzz-record.lock"
 tail -3 "$log"
 exit $status
