@@ -11,11 +11,22 @@
 
 namespace {
 
+// A numeric setting carries the range it must lie in; a value outside it
+// (or not a whole number) is refused and the default kept, so a typing
+// slip never becomes some other port or rate.
 struct SDefault
 {
     const char* key;
     const char* value;
+    qint64 iMin = 0;
+    qint64 iMax = 0;
+
+    bool IsNumeric() const { return iMin < iMax; }
 };
+
+// A deployment file holds a few dozen short lines; anything much larger is
+// not one, and is not read at all.
+constexpr qint64 MaxFileBytes = 64 * 1024;
 
 // The bundled emulators on loopback; README's run command starts skycloud on
 // port 18080 (HTTP) and 18081 (push channel).
@@ -31,14 +42,14 @@ const SDefault kDefaults[] = {
     {"launcher/application_dir", ""},
     {"help/manual_url", ""},
     {"update/launcher_version", ""},
-    {"aircraft/udp_listen_port", "14550"},
+    {"aircraft/udp_listen_port", "14550", 0, 65535},
     {"aircraft/serial_ports", "auto"},
-    {"aircraft/serial_baud", "57600"},
-    {"aircraft/heartbeat_timeout_ms", "3500"},
+    {"aircraft/serial_baud", "57600", 300, 4000000},
+    {"aircraft/heartbeat_timeout_ms", "3500", 500, 600000},
     // The GNSS base station; the defaults are skybase's default ports.
     {"basestation/host", "127.0.0.1"},
-    {"basestation/control_port", "18060"},
-    {"basestation/ftp_port", "18061"},
+    {"basestation/control_port", "18060", 1, 65535},
+    {"basestation/ftp_port", "18061", 1, 65535},
     {"storage/base_url", ""},
 };
 
@@ -47,6 +58,19 @@ QString EnvironmentName(const QString& groupKey)
     QString name = groupKey.toUpper();
     name.replace(QLatin1Char('/'), QLatin1Char('_'));
     return QStringLiteral("SKYCONSOLE_") + name;
+}
+
+bool IsReadableFile(const QString& iniPath)
+{
+    const QFileInfo file(iniPath);
+    if (!file.exists())
+        return false;
+    if (!file.isFile() || file.size() > MaxFileBytes) {
+        qCWarning(lcDeploy) << "deployment file" << iniPath << "ignored: not a regular file of at most"
+                            << MaxFileBytes << "bytes; defaults kept";
+        return false;
+    }
+    return true;
 }
 
 QMutex g_instanceMutex;
@@ -59,7 +83,7 @@ CLmDeployConfig::CLmDeployConfig(const QString& iniPath)
     for (const SDefault& entry : kDefaults)
         m_mapValues.insert(QLatin1String(entry.key), QString::fromLatin1(entry.value));
 
-    if (!iniPath.isEmpty() && QFileInfo::exists(iniPath)) {
+    if (!iniPath.isEmpty() && IsReadableFile(iniPath)) {
         QSettings file(iniPath, QSettings::IniFormat);
         for (const QString& key : file.allKeys())
             m_mapValues.insert(key, file.value(key));
@@ -70,6 +94,23 @@ CLmDeployConfig::CLmDeployConfig(const QString& iniPath)
         const QByteArray env = qgetenv(EnvironmentName(it.key()).toLatin1().constData());
         if (!env.isNull())
             it.value() = QString::fromUtf8(env);
+    }
+    RefuseOutOfRange();
+}
+
+void CLmDeployConfig::RefuseOutOfRange()
+{
+    for (const SDefault& entry : kDefaults) {
+        if (!entry.IsNumeric())
+            continue;
+        QVariant& value = m_mapValues[QLatin1String(entry.key)];
+        bool isNumber = false;
+        const qint64 number = value.toString().trimmed().toLongLong(&isNumber);
+        if (isNumber && number >= entry.iMin && number <= entry.iMax)
+            continue;
+        qCWarning(lcDeploy) << entry.key << "=" << value.toString() << "refused: not a whole number from"
+                            << entry.iMin << "to" << entry.iMax << "; default" << entry.value << "kept";
+        value = QString::fromLatin1(entry.value);
     }
 }
 

@@ -15,6 +15,8 @@
 //   3. environment variables SKYCONSOLE_<GROUP>_<KEY> in upper case, for
 //      example SKYCONSOLE_CLOUD_PRODUCTION_URL for key "production_url" of
 //      group [cloud].
+// A file larger than 64 KiB is not read, and a numeric setting outside its
+// range is refused (each with a warning); the default stays in both cases.
 // See docs/configuration.md for every key.
 class CLmDeployConfig
 {
@@ -33,5 +35,7 @@ public:
     static QString ActiveFilePath();
 
 private:
+    void RefuseOutOfRange();
+
     QVariantMap m_mapValues;  // "group/key" -> value
 };

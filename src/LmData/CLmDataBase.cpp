@@ -60,12 +60,26 @@ bool CLmDataBase::OpenForeign(const QStringList& plainTables, EForeignAccess acc
 {
     if (!Open(access == EForeignAccess::ReadOnly))
         return false;
-    if (!HardenForeign(access, queryBudgetMs) || !HasOnlyPlainTables(plainTables)) {
+    if (!HardenForeign(access, queryBudgetMs) || !HasOnlyPlainTables(QStringLiteral("main"), plainTables)) {
         qCWarning(lcDataBase) << "refused" << m_strFilePath << m_strLastError;
         Close();
         return false;
     }
     return true;
+}
+
+bool CLmDataBase::AttachForeign(const QString& filePath, const QString& schemaName, const QStringList& plainTables)
+{
+    if (!m_pDeadline)
+        return Refuse(QStringLiteral("not a connection to a file from outside"));
+    if (!Exec(QStringLiteral("ATTACH DATABASE ? AS %1").arg(schemaName), {filePath}))
+        return false;
+    if (HasOnlyPlainTables(schemaName, plainTables))
+        return true;
+    qCWarning(lcDataBase) << "refused" << filePath << m_strLastError;
+    const QString reason = m_strLastError;
+    Exec(QStringLiteral("DETACH DATABASE %1").arg(schemaName));
+    return Refuse(reason);
 }
 
 bool CLmDataBase::HardenForeign(EForeignAccess access, int queryBudgetMs)
@@ -82,16 +96,18 @@ bool CLmDataBase::HardenForeign(EForeignAccess access, int queryBudgetMs)
            && (access == EForeignAccess::PrivateCopy || Exec(QStringLiteral("PRAGMA query_only = ON")));
 }
 
-bool CLmDataBase::HasOnlyPlainTables(const QStringList& tables)
+bool CLmDataBase::HasOnlyPlainTables(const QString& schemaName, const QStringList& tables)
 {
-    const QVariant triggers = SelectValue(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"));
+    const QVariant triggers =
+        SelectValue(QStringLiteral("SELECT count(*) FROM %1.sqlite_master WHERE type = 'trigger'").arg(schemaName));
     if (!triggers.isValid())
         return false;
     if (triggers.toLongLong() != 0)
         return Refuse(QStringLiteral("the file carries triggers"));
     for (const QString& table : tables) {
-        const QString sql = SelectValue(QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'table'"
-                                                       " AND name = ? COLLATE NOCASE"),
+        const QString sql = SelectValue(QStringLiteral("SELECT sql FROM %1.sqlite_master WHERE type = 'table'"
+                                                       " AND name = ? COLLATE NOCASE")
+                                            .arg(schemaName),
                                         {table})
                                 .toString();
         if (sql.isEmpty() || sql.startsWith(QLatin1String("CREATE VIRTUAL"), Qt::CaseInsensitive))
@@ -184,6 +200,7 @@ bool CLmDataBase::IsSqliteFile(const QString& filePath)
         return false;
     file.close();
     CLmDataBase db(filePath);
-    // quick_check reads every page, so a file cut short is refused.
-    return db.Open(true) && db.SelectValue(QStringLiteral("PRAGMA quick_check")).toString() == QLatin1String("ok");
+    // quick_check reads every page, so a file cut short is refused; the file
+    // may come from anywhere, so it is opened as one from outside.
+    return db.OpenForeign({}) && db.SelectValue(QStringLiteral("PRAGMA quick_check")).toString() == QLatin1String("ok");
 }

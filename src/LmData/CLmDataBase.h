@@ -35,6 +35,9 @@ public:
     // statement and the reading of its rows is bounded in time afterwards.
     bool OpenForeign(const QStringList& plainTables, EForeignAccess access = EForeignAccess::ReadOnly,
                      int queryBudgetMs = DefaultForeignQueryBudgetMs);
+    // Attaches a second file from outside to a connection opened with
+    // OpenForeign, under schemaName, with the same checks of its tables.
+    bool AttachForeign(const QString& filePath, const QString& schemaName, const QStringList& plainTables);
     void Close();
     bool IsOpen() const;
 
@@ -53,7 +56,7 @@ public:
 
 private:
     bool HardenForeign(EForeignAccess access, int queryBudgetMs);
-    bool HasOnlyPlainTables(const QStringList& tables);
+    bool HasOnlyPlainTables(const QString& schemaName, const QStringList& tables);
     bool Refuse(const QString& reason);
 
     QString m_strFilePath;

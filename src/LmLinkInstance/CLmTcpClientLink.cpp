@@ -9,7 +9,6 @@ namespace {
 // server that accepts and drops at once is not hammered every second.
 constexpr qint64 kStableConnectionMs = 10000;
 // Bytes without a delimiter beyond this are not frames of ours; they are dropped.
-constexpr int kMaxPendingBytes = 1 << 20;
 
 }  // namespace
 
@@ -38,7 +37,7 @@ CLmTcpClientLink::~CLmTcpClientLink()
 
 void CLmTcpClientLink::SetFrameDelimiter(const QByteArray& delimiter)
 {
-    m_frameDelimiter = delimiter;
+    m_frames.SetDelimiter(delimiter);
 }
 
 void CLmTcpClientLink::Connect()
@@ -65,7 +64,7 @@ void CLmTcpClientLink::ConnectToHost()
 {
     if (m_nPort == 0)
         return;
-    m_pendingBytes.clear();
+    m_frames.Clear();
     m_socket.connectToHost(m_strHost, m_nPort);
 }
 
@@ -128,21 +127,11 @@ void CLmTcpClientLink::OnConnectionEnded()
 void CLmTcpClientLink::OnReadyRead()
 {
     const QByteArray bytes = m_socket.readAll();
-    if (m_frameDelimiter.isEmpty()) {
+    if (m_frames.Delimiter().isEmpty()) {
         emit bytesReceived(bytes);
         return;
     }
-    m_pendingBytes += bytes;
-    const int lastDelimiter = m_pendingBytes.lastIndexOf(m_frameDelimiter);
-    if (lastDelimiter < 0) {
-        if (m_pendingBytes.size() > kMaxPendingBytes) {
-            qCWarning(lcLinkInstancePush) << "tcp link" << GetLinkId() << "dropped an oversized frame";
-            m_pendingBytes.clear();
-        }
-        return;
-    }
-    const int frameEnd = lastDelimiter + m_frameDelimiter.size();
-    const QByteArray frames = m_pendingBytes.left(frameEnd);
-    m_pendingBytes.remove(0, frameEnd);
-    emit bytesReceived(frames);
+    const QByteArray frames = m_frames.Take(bytes);
+    if (!frames.isEmpty())
+        emit bytesReceived(frames);
 }

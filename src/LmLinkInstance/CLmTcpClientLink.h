@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CLmFrameSplitter.h"
 #include "CLmLinkProvide.h"
 #include "CLmReconnectBackoff.h"
 
@@ -49,8 +50,7 @@ private:
     QTimer m_reconnectTimer{this};
     CLmReconnectBackoff m_backoff;
     QElapsedTimer m_connectedFor;
-    QByteArray m_frameDelimiter;
-    QByteArray m_pendingBytes;
+    CLmFrameSplitter m_frames;
     bool m_bWanted = false;
     bool m_bWasConnected = false;
 };

@@ -87,6 +87,10 @@ void CLmNetWorkRequest::SetNetWorkReplyTimeout(int ms)
 
 void CLmNetWorkRequest::PostNetWorkReplyMessage()
 {
+    // A request nobody owns goes with its thread's access manager, so one
+    // still waiting when the thread ends is deleted with it.
+    if (!parent())
+        setParent(CLmHttpSender::ThreadAccessManager());
     m_pReply = CLmHttpSender::Send(m_url, m_headers, m_iTimeoutMs, m_bHasBody ? &m_body : nullptr);
     connect(m_pReply, &QNetworkReply::finished, this, &CLmNetWorkRequest::slotReplyFinished);
 }

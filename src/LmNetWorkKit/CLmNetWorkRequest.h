@@ -4,14 +4,15 @@
 #include <QList>
 #include <QMap>
 #include <QObject>
+#include <QNetworkReply>
 #include <QPair>
+#include <QPointer>
 #include <QVariant>
-
-class QNetworkReply;
 
 // One call to the cloud service. Created on the heap without parent, set up,
 // then sent with PostNetWorkReplyMessage(); exactly one of the three result
-// signals follows, after which the object deletes itself.
+// signals follows, after which the object deletes itself. A request without
+// parent that is still waiting when its thread ends is deleted then.
 //
 // A request with a body is a form post, one without a GET. Any HTTP 2xx
 // reply is a success whatever its envelope says (pages read "status"
@@ -52,5 +53,6 @@ private:
     bool m_bHasBody = false;
     QMap<int, QVariant> m_userData;
     int m_iTimeoutMs = DefaultTimeoutMs;
-    QNetworkReply* m_pReply = nullptr;
+    // The access manager deletes its replies first when it goes.
+    QPointer<QNetworkReply> m_pReply;
 };

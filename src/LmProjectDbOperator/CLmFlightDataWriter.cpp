@@ -73,7 +73,8 @@ int CLmFlightDataWriter::Write(const QString& filePath, unsigned int operatorTyp
         return -1;
     }
     CLmDataBase db(filePath);
-    if (!db.Open() || !db.Database().transaction() || !CLmProjectSchema::CreateMissionTables(db)) {
+    if (!db.OpenForeign({}, CLmDataBase::EForeignAccess::PrivateCopy) || !db.Database().transaction()
+        || !CLmProjectSchema::CreateMissionTables(db)) {
         qCWarning(lcFlightData) << "cannot prepare" << filePath << "for flight data:" << db.LastError();
         return -1;
     }

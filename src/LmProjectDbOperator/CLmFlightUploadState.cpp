@@ -1,6 +1,7 @@
 #include "CLmFlightUploadState.h"
 
 #include "CLmDataBase.h"
+#include "CLmProjectSchema.h"
 #include "LmProjectConstants.h"
 #include "LmProjectDbOperatorLog.h"
 
@@ -49,7 +50,7 @@ QList<CLmFlightUploadState::SMission> CLmFlightUploadState::PendingMissions(cons
 {
     QList<SMission> missions;
     CLmDataBase db(filePath);
-    if (!db.Open(true) || !HasFlightTables(db))
+    if (!db.OpenForeign(CLmProjectSchema::MissionTables()) || !HasFlightTables(db))
         return missions;
     QSqlQuery rows(db.Database());
     const QString sql = QStringLiteral("SELECT m.* FROM %1 m WHERE EXISTS (SELECT 1 FROM %2 l"
@@ -73,7 +74,7 @@ CLmFlightUploadState::SBatch CLmFlightUploadState::NextBatch(const QString& file
 {
     SBatch batch;
     CLmDataBase db(filePath);
-    if (!db.Open(true) || !HasFlightTables(db))
+    if (!db.OpenForeign(CLmProjectSchema::MissionTables()) || !HasFlightTables(db))
         return batch;
     QSqlQuery rows(db.Database());
     const QString sql = QStringLiteral("SELECT * FROM %1 WHERE flight_mission_id = ? AND id > ? ORDER BY id LIMIT ?")
@@ -96,7 +97,7 @@ bool CLmFlightUploadState::MarkUploaded(const QString& filePath, qint64 missionI
     CLmDataBase db(filePath);
     const QString table = QLatin1String(TableName);
     const bool ok =
-        db.Open()
+        db.OpenForeign({}, CLmDataBase::EForeignAccess::PrivateCopy)
         && db.Exec(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (flight_mission_id INTEGER PRIMARY KEY,"
                                   " uploaded_log_id INTEGER NOT NULL, uploaded_at TEXT NOT NULL)")
                        .arg(table))

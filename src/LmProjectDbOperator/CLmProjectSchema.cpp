@@ -70,6 +70,16 @@ bool CLmProjectSchema::CreateMissionTables(CLmDataBase& db)
     return ExecAll(db, MissionStatements());
 }
 
+QStringList CLmProjectSchema::ProjectTables()
+{
+    return {QLatin1String(ProjectTableName), QLatin1String(SurveyAreaTableName), QLatin1String(FlightTaskTableName)};
+}
+
+QStringList CLmProjectSchema::MissionTables()
+{
+    return {QLatin1String(FlightMissionTableName), QLatin1String(FlightLogTableName)};
+}
+
 bool CLmProjectSchema::ExecAll(CLmDataBase& db, const QStringList& statements)
 {
     for (const QString& statement : statements) {

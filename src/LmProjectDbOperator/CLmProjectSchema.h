@@ -12,6 +12,10 @@ class CLmProjectSchema
 public:
     static bool CreateProjectTables(CLmDataBase& db);
     static bool CreateMissionTables(CLmDataBase& db);
+    // The tables every project (mission) database has and its readers need,
+    // for checking a file from outside before reading it.
+    static QStringList ProjectTables();
+    static QStringList MissionTables();
 
 private:
     static QStringList ProjectStatements();

@@ -93,7 +93,9 @@ qint64 LmCityCategory::CellKey(int latCell, int lngCell)
 {
     // Longitude cells wrap around the date line.
     const int wrapped = ((lngCell + 180) % 360 + 360) % 360 - 180;
-    return (static_cast<qint64>(latCell) << 32) | static_cast<quint32>(wrapped);
+    // Both halves as unsigned bits: shifting a negative (southern) latitude
+    // cell would be undefined.
+    return static_cast<qint64>((quint64(quint32(latCell)) << 32) | quint32(wrapped));
 }
 
 double LmCityCategory::DistanceKm(double lat1, double lng1, double lat2, double lng2)

@@ -17,6 +17,8 @@ private Q_SLOTS:
     void pageBaseFollowsServerUnlessConfigured_data();
     void pageBaseFollowsServerUnlessConfigured();
     void defaultFileIsUsedWithoutNamedFile();
+    void badValuesKeepTheDefault_data();
+    void badValuesKeepTheDefault();
 
 private:
     QString WriteIni(const QByteArray& text);
@@ -25,7 +27,10 @@ private:
 
 QString tst_CLmDeployConfig::WriteIni(const QByteArray& text)
 {
-    const QString path = m_dir.filePath(QStringLiteral("deployment.ini"));
+    // A new name each time: QSettings keeps what it read of a path and may
+    // not notice a rewrite of the same size within its clock's resolution.
+    static int written = 0;
+    const QString path = m_dir.filePath(QStringLiteral("deployment-%1.ini").arg(++written));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         qFatal("cannot write %s", qPrintable(path));
@@ -36,7 +41,7 @@ QString tst_CLmDeployConfig::WriteIni(const QByteArray& text)
 void tst_CLmDeployConfig::cleanup()
 {
     for (const char* name : {"SKYCONSOLE_CONFIG", "SKYCONSOLE_CLOUD_PRODUCTION_URL", "SKYCONSOLE_CLOUD_USE_TEST_SERVER",
-                             "SKYCONSOLE_CLOUD_PAGE_BASE"})
+                             "SKYCONSOLE_CLOUD_PAGE_BASE", "SKYCONSOLE_AIRCRAFT_UDP_LISTEN_PORT"})
         qunsetenv(name);
     CLmDeployConfig::Reload();
 }
@@ -115,6 +120,53 @@ void tst_CLmDeployConfig::defaultFileIsUsedWithoutNamedFile()
     CLmDeployConfig::Reload();
     QCOMPARE(GetLaunchKey(), QStringLiteral("{00000000-1111-2222-3333-444444444444}"));
     QVERIFY(file.remove());
+}
+
+// Rows: the file's text, an environment value for the UDP port; the value
+// of one key ("group/key") that results.
+void tst_CLmDeployConfig::badValuesKeepTheDefault_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+    QTest::addColumn<QByteArray>("envPort");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("value");
+    const QString port = QStringLiteral("aircraft/udp_listen_port");
+    const QString server = QStringLiteral("cloud/production_url");
+    const QByteArray otherServer("[cloud]\nproduction_url=http://elsewhere:1\n");
+
+    QTest::newRow("in range") << QByteArray("[aircraft]\nudp_listen_port=14551\n") << QByteArray() << port << "14551";
+    QTest::newRow("port above range") << QByteArray("[aircraft]\nudp_listen_port=99999\n") << QByteArray() << port
+                                      << "14550";
+    QTest::newRow("port zero picks a free one") << QByteArray("[aircraft]\nudp_listen_port=0\n") << QByteArray()
+                                                << port << "0";
+    QTest::newRow("port not a number") << QByteArray("[aircraft]\nudp_listen_port=14550abc\n") << QByteArray()
+                                       << port << "14550";
+    QTest::newRow("environment out of range") << QByteArray() << QByteArray("-1") << port << "14550";
+    QTest::newRow("baud negative") << QByteArray("[aircraft]\nserial_baud=-9600\n") << QByteArray()
+                                   << "aircraft/serial_baud" << "57600";
+    QTest::newRow("heartbeat time-out of a day")
+        << QByteArray("[aircraft]\nheartbeat_timeout_ms=86400000\n") << QByteArray() << "aircraft/heartbeat_timeout_ms"
+        << "3500";
+    QTest::newRow("bad port, rest of the file kept")
+        << otherServer + "[aircraft]\nudp_listen_port=70000\n" << QByteArray() << server << "http://elsewhere:1";
+    QTest::newRow("oversized file ignored whole")
+        << otherServer + "[padding]\n" + QByteArray(70 * 1024, 'x') + "=1\n" << QByteArray() << server
+        << "http://127.0.0.1:18080";
+}
+
+void tst_CLmDeployConfig::badValuesKeepTheDefault()
+{
+    QFETCH(QByteArray, ini);
+    QFETCH(QByteArray, envPort);
+    QFETCH(QString, key);
+    QFETCH(QString, value);
+    if (!ini.isEmpty())
+        qputenv("SKYCONSOLE_CONFIG", WriteIni(ini).toUtf8());
+    if (!envPort.isEmpty())
+        qputenv("SKYCONSOLE_AIRCRAFT_UDP_LISTEN_PORT", envPort);
+    CLmDeployConfig::Reload();
+    QCOMPARE(CLmDeployConfig::Instance().Value(key.section(QLatin1Char('/'), 0, 0), key.section(QLatin1Char('/'), 1)),
+             value);
 }
 
 QTEST_GUILESS_MAIN(tst_CLmDeployConfig)

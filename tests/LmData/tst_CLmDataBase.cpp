@@ -21,6 +21,7 @@ private Q_SLOTS:
     void foreignQueryIsBoundedInTime();
     void foreignFileWritableOnlyAsPrivateCopy_data();
     void foreignFileWritableOnlyAsPrivateCopy();
+    void foreignAttachIsChecked();
 
 private:
     QString MakeDatabase(const QString& name, int rows);
@@ -189,6 +190,26 @@ void tst_CLmDataBase::foreignFileWritableOnlyAsPrivateCopy()
     CLmDataBase foreign(MakeDatabase(QString::fromLatin1(QTest::currentDataTag()) + QStringLiteral(".db"), 3));
     QVERIFY(foreign.OpenForeign({QStringLiteral("t")}, access));
     QCOMPARE(foreign.Exec(QStringLiteral("UPDATE t SET text = 'stamped'")), written);
+}
+
+void tst_CLmDataBase::foreignAttachIsChecked()
+{
+    auto makeFile = [this](const QString& name, const QString& statement) {
+        const QString path = m_dir.filePath(name);
+        CLmDataBase db(path);
+        if (!db.Open() || !db.Exec(statement))
+            qFatal("cannot write %s", qPrintable(path));
+        return path;
+    };
+    const QString main = makeFile(QStringLiteral("main.db"), QStringLiteral("CREATE TABLE project (id)"));
+    const QString plain = makeFile(QStringLiteral("plain.db"), QStringLiteral("CREATE TABLE mission (id)"));
+    const QString hostile = makeFile(QStringLiteral("hostile.db"),
+                                     QStringLiteral("CREATE VIEW mission AS %1").arg(QLatin1String(kEndlessQuery)));
+    CLmDataBase db(main);
+    QVERIFY(db.OpenForeign({QStringLiteral("project")}));
+    QVERIFY(!db.AttachForeign(hostile, QStringLiteral("m"), {QStringLiteral("mission")}));
+    QVERIFY(db.AttachForeign(plain, QStringLiteral("m"), {QStringLiteral("mission")}));
+    QCOMPARE(db.SelectValue(QStringLiteral("SELECT count(*) FROM m.mission")).toInt(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_CLmDataBase)

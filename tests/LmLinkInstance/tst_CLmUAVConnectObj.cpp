@@ -147,10 +147,13 @@ void TestCLmUAVConnectObj::gcsTimeoutIsReadAndWritten()
     CLmUasProvide* pUas = ConnectOverUdp(run, sim, {});
     QVERIFY(pUas);
     QVariantMap values;
-    connect(pUas, &CLmUasProvide::parameterChanged, this,
-            [&values](int, int, const QString& name, const QVariant& value) { values.insert(name, value); });
     QList<float> confirmed;
-    connect(pUas, &CLmUasProvide::signalParamSet, this, [&confirmed](const QString& name, float value) {
+    // Answers still queued when the test ends go to this receiver, which is
+    // gone by then, never to the test's ended locals.
+    QObject receiver;
+    connect(pUas, &CLmUasProvide::parameterChanged, &receiver,
+            [&values](int, int, const QString& name, const QVariant& value) { values.insert(name, value); });
+    connect(pUas, &CLmUasProvide::signalParamSet, &receiver, [&confirmed](const QString& name, float value) {
         if (name == QLatin1String("GCS_TIMEOUT"))
             confirmed << value;
     });
@@ -183,13 +186,14 @@ void TestCLmUAVConnectObj::parametersDownloadAndConfirmedSet()
     QList<QList<int>> failures;
     QStringList confirmed;
     QStringList notConfirmed;
-    connect(pUas, &CLmUasProvide::ParametersLoaded, this,
+    QObject receiver;
+    connect(pUas, &CLmUasProvide::ParametersLoaded, &receiver,
             [&parameters](const QList<SLmParameter>& loaded) { parameters = loaded; });
-    connect(pUas, &CLmUasProvide::ParameterDownloadFailed, this,
+    connect(pUas, &CLmUasProvide::ParameterDownloadFailed, &receiver,
             [&failures](const QList<int>& missing) { failures << missing; });
-    connect(pUas, &CLmUasProvide::ParameterSetConfirmed, this,
+    connect(pUas, &CLmUasProvide::ParameterSetConfirmed, &receiver,
             [&confirmed](const QString& name, const QVariant& value) { confirmed << name + "=" + value.toString(); });
-    connect(pUas, &CLmUasProvide::ParameterSetFailed, this,
+    connect(pUas, &CLmUasProvide::ParameterSetFailed, &receiver,
             [&notConfirmed](const QString& name) { notConfirmed << name; });
 
     pUas->DownloadParameters();
@@ -224,7 +228,8 @@ void TestCLmUAVConnectObj::logDownloadMatchesTheAircraft()
     QVERIFY(pUas);
 
     QList<QPair<quint16, quint32>> entries;
-    connect(pUas, &CLmUasProvide::logEntry, this,
+    QObject receiver;
+    connect(pUas, &CLmUasProvide::logEntry, &receiver,
             [&entries](int, quint32, quint32 size, quint16 id, quint16, quint16) { entries << qMakePair(id, size); });
     pUas->RequestLogList(0, 0xFFFF);
     QTRY_COMPARE(entries.size(), 2);

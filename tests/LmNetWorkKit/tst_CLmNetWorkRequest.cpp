@@ -8,6 +8,9 @@
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTest>
+#include <QThread>
+
+#include <atomic>
 
 namespace {
 
@@ -66,6 +69,7 @@ private Q_SLOTS:
     void faultyPeers();
     void refusedConnectionIsNetworkError();
     void silentPeerTimesOut();
+    void unansweredRequestEndsWithItsThread();
 
 private:
     CSkyCloudProcess m_cloud;
@@ -168,6 +172,25 @@ void tst_CLmNetWorkRequest::silentPeerTimesOut()
     const Result result = Send(silent.BaseUrl() + "/user/profile", {}, {}, 300);
     QCOMPARE(result.outcome, Outcome::Unreachable);
     QVERIFY(clock.elapsed() < 10000);
+}
+
+// A request still waiting for its reply when its thread ends (the
+// application quitting) must not outlive the thread.
+void tst_CLmNetWorkRequest::unansweredRequestEndsWithItsThread()
+{
+    CCannedHttpPeer silent({}, false);
+    std::atomic<bool> deleted{false};
+    QThread thread;
+    connect(&thread, &QThread::started, [&] {
+        auto* request = new CLmNetWorkRequest;
+        connect(request, &QObject::destroyed, [&deleted] { deleted = true; });
+        request->SetUrl(silent.BaseUrl() + "/user/profile");
+        request->PostNetWorkReplyMessage();
+        thread.quit();
+    });
+    thread.start();
+    QVERIFY(thread.wait(10000));
+    QVERIFY(deleted);
 }
 
 QTEST_GUILESS_MAIN(tst_CLmNetWorkRequest)

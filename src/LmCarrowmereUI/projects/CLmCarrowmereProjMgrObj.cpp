@@ -4,6 +4,7 @@
 #include "CLmControl.h"
 #include "CLmDataBase.h"
 #include "CLmDownLoadObject.h"
+#include "CLmProjectSchema.h"
 #include "CLmReplyEnvelope.h"
 #include "CLmSessionStore.h"
 #include "CLmUpLoadObject.h"
@@ -118,7 +119,7 @@ void CLmCarrowmereProjMgrObj::slotReadFlightDetails(QString strProjId)
     if (found == m_mapLocalProj.constEnd())
         return;
     CLmDataBase projectDb(found->strProjPath);
-    if (!projectDb.Open(true)) {
+    if (!projectDb.OpenForeign(CLmProjectSchema::ProjectTables())) {
         qCWarning(lcProjSynch) << "DB Open failed" << found->strProjPath;
         return;
     }
@@ -143,7 +144,7 @@ void CLmCarrowmereProjMgrObj::slotReadFlightDetails(QString strProjId)
                                          tasks.value(2).toString()});
 
     CLmDataBase missionDb(CLmControl::GetInstance()->GetFlightMissionFilePath(found->strProjPath));
-    if (!missionDb.Open(true))
+    if (!missionDb.OpenForeign(CLmProjectSchema::MissionTables()))
         return;
     QSqlQuery missions(missionDb.Database());
     missionDb.Exec(QStringLiteral("select m.id, m.flight_task_id, m.mission_name,"
@@ -365,7 +366,7 @@ bool CLmCarrowmereProjMgrObj::ReplaceWithDownload(const QByteArray& data, const 
 QString CLmCarrowmereProjMgrObj::ReadUpdateTime(const QString& filePath, const QString& projId) const
 {
     CLmDataBase db(filePath);
-    if (!db.Open(true)) {
+    if (!db.OpenForeign({QLatin1String(ProjectTableName)})) {
         qCWarning(lcProjSynch) << "DB Open failed" << filePath;
         return {};
     }
@@ -432,7 +433,8 @@ void CLmCarrowmereProjMgrObj::WriteVersion(const QString& filePath, qint64 versi
 {
     CLmDataBase db(filePath);
     // A project removed meanwhile must not come back as an empty file.
-    if (!QFileInfo::exists(filePath) || !db.Open()) {
+    if (!QFileInfo::exists(filePath)
+        || !db.OpenForeign({QLatin1String(ProjectTableName)}, CLmDataBase::EForeignAccess::PrivateCopy)) {
         qCWarning(lcProjSynch) << "DB Open failed" << filePath;
         return;
     }

@@ -3,6 +3,7 @@
 #include "LmCarrowmereUILog.h"
 #include "CLmControl.h"
 #include "CLmDataBase.h"
+#include "CLmProjectSchema.h"
 #include "LmCityCategory.h"
 #include "LmProjectConstants.h"
 
@@ -84,7 +85,7 @@ SLocalProjectFile CLmLocalProjectReader::Read(const QString& filePath, const QSt
 {
     SLocalProjectFile result;
     CLmDataBase projectDb(filePath);
-    if (!projectDb.Open(true)) {
+    if (!projectDb.OpenForeign(CLmProjectSchema::ProjectTables())) {
         qCWarning(lcProjSynch) << "DB Open failed" << filePath;
         return result;
     }
@@ -96,8 +97,7 @@ SLocalProjectFile CLmLocalProjectReader::Read(const QString& filePath, const QSt
     const QString missionFilePath = CLmControl::GetInstance()->GetFlightMissionFilePath(filePath);
     const bool missionFileExists = QFileInfo::exists(missionFilePath);
     const bool hasMissions = missionFileExists
-        && projectDb.Exec(QStringLiteral("ATTACH DATABASE ? AS %1").arg(QLatin1String(MissionSchema)),
-                          {missionFilePath});
+        && projectDb.AttachForeign(missionFilePath, QLatin1String(MissionSchema), CLmProjectSchema::MissionTables());
     complete = hasMissions || !missionFileExists;
     for (SProjInfor& info : result.listProjects) {
         if (hasMissions)

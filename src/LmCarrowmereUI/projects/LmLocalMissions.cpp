@@ -21,7 +21,7 @@ QStringList ColumnValues(const QString& filePath, const QString& table, const QS
         return values;
     CLmDataBase db(filePath);
     QSqlQuery rows(db.Database());
-    if (!db.Open(true) || !db.TableExists(table))
+    if (!db.OpenForeign({table}) || !db.TableExists(table))
         return values;
     if (!db.Exec(sql.arg(table), {}, &rows)) {
         qCWarning(lcProjDetails) << "cannot read" << table << "of" << filePath << db.LastError();

@@ -115,6 +115,8 @@ private Q_SLOTS:
     void justWrittenFileIsNotKept_data();
     void justWrittenFileIsNotKept();
     void hiddenFilesAreNotProjects();
+    void hostileDatabaseIsRefused_data();
+    void hostileDatabaseIsRefused();
     void readingsAreKeptBetweenRuns();
     void damagedStoreIsIgnored_data();
     void damagedStoreIsIgnored();
@@ -305,6 +307,62 @@ void tst_CLmLocalProjectCache::hiddenFilesAreNotProjects()
     const QList<SLocalProjectFile> files = cache.ReadFolder(m_strFolder, QStringLiteral("1"));
     QCOMPARE(files.size(), 1);
     QCOMPARE(files.first().listProjects.first().strProjPath, m_strProjectFile);
+}
+
+namespace {
+
+// A view in place of a table, whose rows never end.
+QStringList EndlessViewFor(const QString& table, const QString& columns)
+{
+    return {QStringLiteral("DROP TABLE %1").arg(table),
+            QStringLiteral("CREATE VIEW %1 AS WITH RECURSIVE r(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM r)"
+                           " SELECT %2 FROM r")
+                .arg(table, columns)};
+}
+
+}  // namespace
+
+// Rows: statements run on the project or the mission database; whether the
+// project is still listed and whether its missions are still counted.
+void tst_CLmLocalProjectCache::hostileDatabaseIsRefused_data()
+{
+    QTest::addColumn<bool>("inMissionDatabase");
+    QTest::addColumn<QStringList>("statements");
+    QTest::addColumn<int>("projects");
+    QTest::addColumn<int>("missions");
+    QTest::newRow("project table an endless view")
+        << false
+        << EndlessViewFor(QLatin1String(ProjectTableName),
+                          QStringLiteral("'1' AS user_id, x AS id, 'n' AS project_name, '' AS updated_at"))
+        << 0 << 0;
+    QTest::newRow("survey areas an endless view")
+        << false
+        << EndlessViewFor(QLatin1String(SurveyAreaTableName),
+                          QStringLiteral("x AS project_id, 0.0 AS home_lat, 0.0 AS home_lng"))
+        << 0 << 0;
+    QTest::newRow("trigger in the project database")
+        << false
+        << QStringList{QStringLiteral("CREATE TRIGGER t AFTER UPDATE ON %1 BEGIN DELETE FROM %1; END")
+                           .arg(QLatin1String(ProjectTableName))}
+        << 0 << 0;
+    QTest::newRow("flight log an endless view")
+        << true << EndlessViewFor(QLatin1String(FlightLogTableName), QStringLiteral("x AS flight_mission_id"))
+        << 1 << 0;
+}
+
+void tst_CLmLocalProjectCache::hostileDatabaseIsRefused()
+{
+    QFETCH(bool, inMissionDatabase);
+    QFETCH(QStringList, statements);
+    QFETCH(int, projects);
+    QFETCH(int, missions);
+    for (const QString& statement : statements)
+        Execute(inMissionDatabase ? m_strMissionFile : m_strProjectFile, statement);
+
+    CLmLocalProjectCache cache(m_strStore);
+    const SReading reading = Scan(cache, m_strFolder);
+    QCOMPARE(reading.iProjects, projects);
+    QCOMPARE(reading.iMissions, missions);
 }
 
 void tst_CLmLocalProjectCache::readingsAreKeptBetweenRuns()

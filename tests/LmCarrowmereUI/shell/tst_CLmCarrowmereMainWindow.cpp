@@ -117,6 +117,13 @@ void tst_CLmCarrowmereMainWindow::pushNotifications_data()
                                                         << true << QString();
     QTest::newRow("news text") << QByteArray(R"({"status":0,"action":"news","message":"Firmware 2.4 is out"})")
                                << false << false << QStringLiteral("Firmware 2.4 is out");
+    QTest::newRow("news text beyond Latin-1, escaped")
+        << QByteArray(R"({"status":0,"action":"news","message":"Vol \u00e0 Z\u00fcrich \u2013 \u6d4b\u7ed8"})")
+        << false << false << QStringLiteral("Vol \u00e0 Z\u00fcrich \u2013 \u6d4b\u7ed8");
+    QTest::newRow("NUL byte spoils only its own notification")
+        << QByteArray(R"({"status":0,"action":"news","message":"a)") + QByteArray(1, '\0')
+               + R"("}SWOOLE_SOCKET_FINISH{"status":0,"action":"news","message":"after"})"
+        << false << false << QStringLiteral("after");
     QTest::newRow("unknown action") << QByteArray(R"({"status":0,"action":"reboot"})") << false << false << QString();
     QTest::newRow("object, marker, array of two handled in order")
         << QByteArray(R"({"status":0,"action":"news","message":"first"})SWOOLE_SOCKET_FINISH)"
