@@ -79,11 +79,18 @@ std::unique_ptr<CLmDeployConfig> g_instance;
 }  // namespace
 
 CLmDeployConfig::CLmDeployConfig(const QString& iniPath)
+    : CLmDeployConfig(QStringList{iniPath})
+{
+}
+
+CLmDeployConfig::CLmDeployConfig(const QStringList& iniPaths)
 {
     for (const SDefault& entry : kDefaults)
         m_mapValues.insert(QLatin1String(entry.key), QString::fromLatin1(entry.value));
 
-    if (!iniPath.isEmpty() && IsReadableFile(iniPath)) {
+    for (const QString& iniPath : iniPaths) {
+        if (iniPath.isEmpty() || !IsReadableFile(iniPath))
+            continue;
         QSettings file(iniPath, QSettings::IniFormat);
         for (const QString& key : file.allKeys())
             m_mapValues.insert(key, file.value(key));
@@ -118,14 +125,14 @@ const CLmDeployConfig& CLmDeployConfig::Instance()
 {
     QMutexLocker lock(&g_instanceMutex);
     if (!g_instance)
-        g_instance = std::make_unique<CLmDeployConfig>(ActiveFilePath());
+        g_instance = std::make_unique<CLmDeployConfig>(QStringList{SystemFilePath(), ActiveFilePath()});
     return *g_instance;
 }
 
 void CLmDeployConfig::Reload()
 {
     QMutexLocker lock(&g_instanceMutex);
-    g_instance = std::make_unique<CLmDeployConfig>(ActiveFilePath());
+    g_instance = std::make_unique<CLmDeployConfig>(QStringList{SystemFilePath(), ActiveFilePath()});
 }
 
 QString CLmDeployConfig::Value(const QString& group, const QString& key) const
@@ -137,6 +144,11 @@ bool CLmDeployConfig::BoolValue(const QString& group, const QString& key) const
 {
     const QString text = Value(group, key).toLower();
     return text == QLatin1String("true") || text == QLatin1String("1") || text == QLatin1String("yes");
+}
+
+QString CLmDeployConfig::SystemFilePath()
+{
+    return QStringLiteral("/etc/skyconsole/deployment.ini");
 }
 
 QString CLmDeployConfig::DefaultFilePath()

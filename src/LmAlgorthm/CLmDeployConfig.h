@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 // Deployment data: where the cloud service, its web pages and push channel
@@ -10,9 +11,11 @@
 //
 // Sources, later ones winning:
 //   1. built-in defaults: the bundled emulators on loopback;
-//   2. the INI file named by $SKYCONSOLE_CONFIG, or else
+//   2. the machine's file /etc/skyconsole/deployment.ini when it exists (the
+//      installed package puts it there);
+//   3. the user's file: the INI file named by $SKYCONSOLE_CONFIG, or else
 //      $XDG_CONFIG_HOME/SkyConsole/deployment.ini when it exists;
-//   3. environment variables SKYCONSOLE_<GROUP>_<KEY> in upper case, for
+//   4. environment variables SKYCONSOLE_<GROUP>_<KEY> in upper case, for
 //      example SKYCONSOLE_CLOUD_PRODUCTION_URL for key "production_url" of
 //      group [cloud].
 // A file larger than 64 KiB is not read, and a numeric setting outside its
@@ -27,10 +30,13 @@ public:
     static void Reload();
 
     explicit CLmDeployConfig(const QString& iniPath);
+    // Files later in the list override single keys of earlier ones.
+    explicit CLmDeployConfig(const QStringList& iniPaths);
 
     QString Value(const QString& group, const QString& key) const;
     bool BoolValue(const QString& group, const QString& key) const;
 
+    static QString SystemFilePath();
     static QString DefaultFilePath();
     static QString ActiveFilePath();
 

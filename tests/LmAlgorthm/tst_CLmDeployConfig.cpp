@@ -17,6 +17,7 @@ private Q_SLOTS:
     void pageBaseFollowsServerUnlessConfigured_data();
     void pageBaseFollowsServerUnlessConfigured();
     void defaultFileIsUsedWithoutNamedFile();
+    void userFileOverridesSingleKeysOfTheMachineFile();
     void badValuesKeepTheDefault_data();
     void badValuesKeepTheDefault();
 
@@ -120,6 +121,19 @@ void tst_CLmDeployConfig::defaultFileIsUsedWithoutNamedFile()
     CLmDeployConfig::Reload();
     QCOMPARE(GetLaunchKey(), QStringLiteral("{00000000-1111-2222-3333-444444444444}"));
     QVERIFY(file.remove());
+}
+
+// The installed package's machine-wide file sets the service; a user's file
+// changes one key and inherits the rest.
+void tst_CLmDeployConfig::userFileOverridesSingleKeysOfTheMachineFile()
+{
+    const QString machine = WriteIni("[cloud]\nproduction_url=http://cloud.example:8080\n"
+                                     "push_address=cloud.example:8081\n");
+    const QString user = WriteIni("[cloud]\npush_address=127.0.0.1:9999\n");
+    const CLmDeployConfig config(QStringList{machine, user});
+    QCOMPARE(config.Value(QStringLiteral("cloud"), QStringLiteral("production_url")),
+             QStringLiteral("http://cloud.example:8080"));
+    QCOMPARE(config.Value(QStringLiteral("cloud"), QStringLiteral("push_address")), QStringLiteral("127.0.0.1:9999"));
 }
 
 // Rows: the file's text, an environment value for the UDP port; the value
