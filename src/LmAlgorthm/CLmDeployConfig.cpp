@@ -35,6 +35,8 @@ const SDefault kDefaults[] = {
     {"aircraft/serial_ports", "auto"},
     {"aircraft/serial_baud", "57600"},
     {"aircraft/heartbeat_timeout_ms", "3500"},
+    // The demo key the bundled sibling stand-ins share; a deployment sets its own.
+    {"noflyzone/cipher_key", "5b2f0c9e8a7d46e1b3c4f5a6978d0e1f2a3b4c5d6e7f8091a2b3c4d5e6f70819"},
 };
 
 QString EnvironmentName(const QString& groupKey)

@@ -2,6 +2,8 @@
 
 #include "CLmDeployConfig.h"
 
+#include <QRegularExpression>
+
 
 namespace {
 
@@ -57,4 +59,13 @@ QString GetHelpUrl()
 {
     const QString configured = CLmDeployConfig::Instance().Value(QStringLiteral("help"), QStringLiteral("manual_url"));
     return configured.isEmpty() ? QString::fromUtf8(GetPageIP()) + QStringLiteral("help") : configured;
+}
+
+QByteArray GetNoflyZoneKey()
+{
+    const QString hex = CLmDeployConfig::Instance().Value(QStringLiteral("noflyzone"), QStringLiteral("cipher_key"));
+    static const QRegularExpression kKeyDigits(QStringLiteral("^[0-9a-fA-F]{64}$"));
+    if (!kKeyDigits.match(hex).hasMatch())
+        return {};
+    return QByteArray::fromHex(hex.toLatin1());
 }

@@ -18,3 +18,8 @@ QString GetPushChannelAddress();
 // The GUID the hub passes to every sibling application it starts.
 QString GetLaunchKey();
 QString GetHelpUrl();
+
+// The 32-byte key that enciphers the published no-fly-zone file, from the
+// 64 hex digits of [noflyzone] cipher_key; empty when the setting is not a
+// key of that length.
+QByteArray GetNoflyZoneKey();

@@ -1,0 +1,245 @@
+#include "CLmNoflyZoneMgr.h"
+
+#include "CLmControl.h"
+#include "CLmDataBase.h"
+#include "LmConstants.h"
+#include "LmDataLog.h"
+#include "LmFileReplace.h"
+#include "LmNoflyCipher.h"
+#include "LmNoflyZoneSchema.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonObject>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTemporaryFile>
+
+#include <sqlite3.h>
+
+using namespace LmNoflyZoneSchema;
+
+namespace {
+
+// An untrusted file gets this long for all its checks together.
+constexpr int kValidationBudgetMs = 20000;
+
+const QStringList kZoneRequired{QLatin1String(ZoneKey), QStringLiteral("updated_at")};
+const QStringList kLiftRequired{QLatin1String(LiftKey)};
+
+int StopPastDeadline(void* deadline)
+{
+    return static_cast<QDeadlineTimer*>(deadline)->hasExpired() ? 1 : 0;
+}
+
+// SQLite calls back every thousand steps and gives up once the deadline
+// passed; no deadline removes the bound.
+void BoundInTime(QSqlDatabase& db, QDeadlineTimer* deadline)
+{
+    const QVariant handle = db.driver()->handle();
+    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
+        return;
+    if (sqlite3* connection = *static_cast<sqlite3* const*>(handle.constData()))
+        sqlite3_progress_handler(connection, 1000, deadline ? StopPastDeadline : nullptr, deadline);
+}
+
+bool HasSqliteHeader(const QString& filePath)
+{
+    QFile file(filePath);
+    return file.open(QIODevice::ReadOnly) && file.read(16) == QByteArray("SQLite format 3\0", 16);
+}
+
+// Only tables and their indexes: a view, trigger or virtual table in a file
+// from elsewhere could run code of the file's author against ours.
+bool HoldsOnlyPlainTables(CLmDataBase& db)
+{
+    QSqlQuery schema(db.Database());
+    if (!db.Exec(QStringLiteral("SELECT type, sql FROM sqlite_master"), {}, &schema))
+        return false;
+    while (schema.next()) {
+        const QString type = schema.value(0).toString();
+        const QString sql = schema.value(1).toString().simplified();
+        const bool plainTable =
+            type == QLatin1String("table") && !sql.startsWith(QLatin1String("CREATE VIRTUAL"), Qt::CaseInsensitive);
+        if (!plainTable && type != QLatin1String("index"))
+            return false;
+    }
+    return true;
+}
+
+bool IsComplete(const QJsonObject& record, const QStringList& fields, const QStringList& required)
+{
+    for (const QString& field : fields) {
+        if (!record.contains(field))
+            return false;
+    }
+    for (const QString& field : required) {
+        if (record.value(field).toVariant().toString().isEmpty())
+            return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+const QString CLmNoflyZoneMgr::NoRecordsYet = QStringLiteral("1970-01-01 00:00:00");
+
+CLmNoflyZoneMgr::CLmNoflyZoneMgr(const QString& workFilePath)
+    : m_strWorkFilePath(workFilePath.isEmpty()
+                            ? CLmControl::GetInstance()->GetAppDataDirectory() + QStringLiteral("/TmpData/NoflyZone.dat")
+                            : workFilePath)
+{
+}
+
+CLmNoflyZoneMgr::~CLmNoflyZoneMgr() = default;
+
+QString CLmNoflyZoneMgr::WorkFilePath() const
+{
+    return m_strWorkFilePath;
+}
+
+QString CLmNoflyZoneMgr::CheckExistNoflyFile()
+{
+    CloseDataBase();
+    if (!QFileInfo::exists(m_strWorkFilePath))
+        return {};
+    if (LmNoflyCipher::IsEnciphered(m_strWorkFilePath)
+        && !DecryptionNoflyFile(m_strWorkFilePath, m_strWorkFilePath))
+        return {};
+    if (!OpenWorkCopy()) {
+        qCWarning(lcNoflyZone) << "the work copy is no zone database; it is fetched anew";
+        return {};
+    }
+    QSqlQuery newest(m_pDataBase->Database());
+    if (!m_pDataBase->Exec(QStringLiteral("select updated_at from %1 order by updated_at desc limit 0, 1")
+                               .arg(QLatin1String(ZoneTable)),
+                           {}, &newest)) {
+        CloseDataBase();
+        return {};
+    }
+    const QString updatedAt = newest.next() ? newest.value(0).toString() : QString();
+    return updatedAt.isEmpty() ? NoRecordsYet : updatedAt;
+}
+
+bool CLmNoflyZoneMgr::SaveNoflyFile(const QByteArray& data)
+{
+    CloseDataBase();
+    const QString folder = QFileInfo(m_strWorkFilePath).absolutePath();
+    QDir().mkpath(folder);
+    QTemporaryFile temp(folder + QStringLiteral("/.XXXXXX.part"));
+    if (!temp.open() || temp.write(data) != data.size() || !temp.flush()) {
+        qCWarning(lcNoflyZone) << "cannot write the downloaded zone file:" << temp.errorString();
+        return false;
+    }
+    temp.close();
+    if (!IsZoneDatabase(temp.fileName())) {
+        qCWarning(lcNoflyZone) << "the downloaded zone file is no zone database; the work copy stays";
+        return false;
+    }
+    {
+        CLmDataBase db(temp.fileName());
+        if (!db.Open() || !CreateTables(db))
+            return false;
+    }
+    if (!LmFileReplace::Replace(temp.fileName(), m_strWorkFilePath))
+        return false;
+    temp.setAutoRemove(false);
+    qCInfo(lcNoflyZone) << "zone file of" << data.size() << "bytes saved";
+    return true;
+}
+
+CLmNoflyZoneMgr::SApplyResult CLmNoflyZoneMgr::ApplyZones(const QJsonArray& records)
+{
+    return Apply(records, ZoneTable, ZoneFields(), kZoneRequired);
+}
+
+CLmNoflyZoneMgr::SApplyResult CLmNoflyZoneMgr::ApplyLifts(const QJsonArray& records)
+{
+    return Apply(records, LiftTable, LiftFields(), kLiftRequired);
+}
+
+CLmNoflyZoneMgr::SApplyResult CLmNoflyZoneMgr::Apply(const QJsonArray& records, const char* table,
+                                                     const QStringList& fields, const QStringList& required)
+{
+    SApplyResult result;
+    if (!OpenWorkCopy() || !m_pDataBase->Database().transaction())
+        return result;
+    QSqlQuery upsert(m_pDataBase->Database());
+    if (!upsert.prepare(UpsertSql(table, fields, required.first().toLatin1().constData()))) {
+        qCWarning(lcNoflyZone) << "cannot prepare the upsert:" << upsert.lastError().text();
+        m_pDataBase->Database().rollback();
+        return result;
+    }
+    const int keyColumn = fields.indexOf(required.first());
+    for (const QJsonValue& value : records) {
+        const QJsonObject record = value.toObject();
+        if (!IsComplete(record, fields, required)) {
+            ++result.iSkipped;
+            continue;
+        }
+        for (int column = 0; column < fields.size(); ++column)
+            upsert.bindValue(column, record.value(fields.at(column)).toVariant());
+        // A key sent as a number is the same key as its text.
+        upsert.bindValue(keyColumn, record.value(required.first()).toVariant().toString());
+        if (!upsert.exec()) {
+            qCWarning(lcNoflyZone) << "cannot store a record of" << table << upsert.lastError().text();
+            m_pDataBase->Database().rollback();
+            return {};
+        }
+        ++result.iApplied;
+    }
+    result.bOk = m_pDataBase->Database().commit();
+    if (result.iSkipped > 0)
+        qCInfo(lcNoflyZone) << result.iSkipped << "records of" << table << "lack a field and were skipped";
+    return result;
+}
+
+void CLmNoflyZoneMgr::CloseDataBase()
+{
+    m_pDataBase.reset();
+}
+
+bool CLmNoflyZoneMgr::EncryptionNoflyFile(const QString& sourcePath, const QString& targetPath)
+{
+    CloseDataBase();
+    return LmNoflyCipher::Encipher(sourcePath, targetPath, GetNoflyZoneKey());
+}
+
+bool CLmNoflyZoneMgr::DecryptionNoflyFile(const QString& sourcePath, const QString& targetPath)
+{
+    CloseDataBase();
+    return LmNoflyCipher::Decipher(sourcePath, targetPath, GetNoflyZoneKey());
+}
+
+bool CLmNoflyZoneMgr::IsZoneDatabase(const QString& filePath)
+{
+    if (!HasSqliteHeader(filePath))
+        return false;
+    CLmDataBase db(filePath);
+    if (!db.Open(true))
+        return false;
+    QDeadlineTimer deadline(kValidationBudgetMs);
+    BoundInTime(db.Database(), &deadline);
+    const bool ok = db.Exec(QStringLiteral("PRAGMA query_only = ON")) && db.Exec(QStringLiteral("PRAGMA trusted_schema = OFF"))
+                    && db.SelectValue(QStringLiteral("PRAGMA quick_check")).toString() == QLatin1String("ok")
+                    && HoldsOnlyPlainTables(db) && HasFields(db, ZoneTable, ZoneFields())
+                    && (!db.TableExists(QLatin1String(LiftTable)) || HasFields(db, LiftTable, LiftFields()));
+    BoundInTime(db.Database(), nullptr);
+    return ok;
+}
+
+bool CLmNoflyZoneMgr::OpenWorkCopy()
+{
+    if (m_pDataBase && m_pDataBase->IsOpen())
+        return true;
+    if (!QFileInfo::exists(m_strWorkFilePath))
+        return false;
+    m_pDataBase = std::make_unique<CLmDataBase>(m_strWorkFilePath);
+    if (m_pDataBase->Open() && m_pDataBase->Exec(QStringLiteral("PRAGMA trusted_schema = OFF"))
+        && CreateTables(*m_pDataBase))
+        return true;
+    m_pDataBase.reset();
+    return false;
+}
