@@ -149,7 +149,7 @@ QJsonArray NoflyZoneStore::ZonesSince(const QString& updatedAt)
     if (!db.Open(true))
         return {};
     return Rows(db,
-                QStringLiteral("SELECT %1 FROM %2 WHERE updated_at > ? ORDER BY updated_at")
+                QStringLiteral("SELECT %1 FROM %2 WHERE updated_at >= ? ORDER BY updated_at")
                     .arg(FieldList(ZoneFields()), QLatin1String(ZoneTable)),
                 {updatedAt}, ZoneFields());
 }

@@ -28,7 +28,9 @@ public:
     // The path of a zone file this store wrote, or empty for any other name.
     QString ZoneFilePath(const QString& name);
 
-    // Zones changed after updatedAt, oldest first.
+    // Zones changed at or after updatedAt, oldest first: times count whole
+    // seconds, so the zones of the hub's newest second come again rather
+    // than a zone changed later in that second being missed.
     QJsonArray ZonesSince(const QString& updatedAt);
     QJsonArray LiftsOf(qint64 accountId);
     int LiftCount(qint64 accountId);

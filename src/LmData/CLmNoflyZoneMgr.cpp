@@ -196,6 +196,14 @@ CLmNoflyZoneMgr::SApplyResult CLmNoflyZoneMgr::Apply(const QJsonArray& records, 
     return result;
 }
 
+bool CLmNoflyZoneMgr::RemoveLiftsExcept(const QString& userId)
+{
+    return OpenWorkCopy()
+           && m_pDataBase->Exec(QStringLiteral("DELETE FROM %1 WHERE COALESCE(?, '') = '' OR CAST(user_id AS TEXT) <> ?")
+                                    .arg(QLatin1String(LiftTable)),
+                                {userId, userId});
+}
+
 void CLmNoflyZoneMgr::CloseDataBase()
 {
     m_pDataBase.reset();

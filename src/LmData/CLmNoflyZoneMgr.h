@@ -45,6 +45,10 @@ public:
     // in one transaction; a record lacking a field is skipped.
     SApplyResult ApplyZones(const QJsonArray& records);
     SApplyResult ApplyLifts(const QJsonArray& records);
+    // Removes the lifts granted to other accounts than userId (all lifts
+    // for an empty userId): the published file carries only the lifts of
+    // the account signed in.
+    bool RemoveLiftsExcept(const QString& userId);
     void CloseDataBase();
     // Enciphers sourcePath into targetPath (which may be the same file) under
     // the deployment key.

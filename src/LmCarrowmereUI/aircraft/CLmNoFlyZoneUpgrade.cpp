@@ -222,11 +222,14 @@ void CLmNoFlyZoneUpgrade::slotReplyFinished(const QByteArray& reply)
         [reply](CLmNoflyZoneMgr& manager) {
             const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
             SUpdateOutcome outcome;
-            if (!envelope.IsSuccess())
+            if (!envelope.IsSuccess() || !envelope.Data().isArray())
                 return outcome;
             const CLmNoflyZoneMgr::SApplyResult applied = manager.ApplyZones(envelope.DataArray());
             outcome.bApplied = applied.bOk;
             outcome.iLiftCount = QJsonDocument::fromJson(reply).object().value(QStringLiteral("lift_count")).toInt();
+            // The cloud grants this account nothing, so no lift stays.
+            if (outcome.bApplied && outcome.iLiftCount == 0)
+                manager.RemoveLiftsExcept(QString());
             return outcome;
         },
         &CLmNoFlyZoneUpgrade::UpdateApplied);
@@ -250,19 +253,21 @@ void CLmNoFlyZoneUpgrade::AcceptLifts()
     }
     CLmNetWorkRequest* request = LmCloudRequest::NewSignedIn(LmCloudPath::NoFlyZoneLiftAccept);
     connect(request, &CLmNetWorkRequest::ActionSucced, this, &CLmNoFlyZoneUpgrade::slotReplyLiftFinished);
-    connect(request, &CLmNetWorkRequest::FailedMsg, this, &CLmNoFlyZoneUpgrade::Publish);
-    connect(request, &CLmNetWorkRequest::NetWorkError, this, &CLmNoFlyZoneUpgrade::Publish);
+    // Without an answer there is nothing to store, and the file is published as it is.
+    connect(request, &CLmNetWorkRequest::FailedMsg, this, [this] { slotReplyLiftFinished({}); });
+    connect(request, &CLmNetWorkRequest::NetWorkError, this, [this] { slotReplyLiftFinished({}); });
     request->PostNetWorkReplyMessage();
 }
 
 void CLmNoFlyZoneUpgrade::slotReplyLiftFinished(const QByteArray& reply)
 {
+    const QString userId = GetCurUserInfo().strUserID;
     OnWorker(
-        [reply](CLmNoflyZoneMgr& manager) {
+        [reply, userId](CLmNoflyZoneMgr& manager) {
             const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
             if (envelope.IsSuccess())
                 manager.ApplyLifts(envelope.DataObject().value(QStringLiteral("lift")).toArray());
-            return true;
+            return manager.RemoveLiftsExcept(userId);
         },
         &CLmNoFlyZoneUpgrade::LiftsStored);
 }
