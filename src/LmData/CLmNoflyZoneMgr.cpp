@@ -2,6 +2,7 @@
 
 #include "CLmControl.h"
 #include "CLmDataBase.h"
+#include "CLmRecordUpsert.h"
 #include "LmConstants.h"
 #include "LmDataLog.h"
 #include "LmFileReplace.h"
@@ -38,10 +39,7 @@ int StopPastDeadline(void* deadline)
 // passed; no deadline removes the bound.
 void BoundInTime(QSqlDatabase& db, QDeadlineTimer* deadline)
 {
-    const QVariant handle = db.driver()->handle();
-    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
-        return;
-    if (sqlite3* connection = *static_cast<sqlite3* const*>(handle.constData()))
+    if (sqlite3* connection = CLmRecordUpsert::Handle(db))
         sqlite3_progress_handler(connection, 1000, deadline ? StopPastDeadline : nullptr, deadline);
 }
 
@@ -64,19 +62,6 @@ bool HoldsOnlyPlainTables(CLmDataBase& db)
         const bool plainTable =
             type == QLatin1String("table") && !sql.startsWith(QLatin1String("CREATE VIRTUAL"), Qt::CaseInsensitive);
         if (!plainTable && type != QLatin1String("index"))
-            return false;
-    }
-    return true;
-}
-
-bool IsComplete(const QJsonObject& record, const QStringList& fields, const QStringList& required)
-{
-    for (const QString& field : fields) {
-        if (!record.contains(field))
-            return false;
-    }
-    for (const QString& field : required) {
-        if (record.value(field).toVariant().toString().isEmpty())
             return false;
     }
     return true;
@@ -166,29 +151,11 @@ CLmNoflyZoneMgr::SApplyResult CLmNoflyZoneMgr::Apply(const QJsonArray& records, 
     SApplyResult result;
     if (!OpenWorkCopy() || !m_pDataBase->Database().transaction())
         return result;
-    QSqlQuery upsert(m_pDataBase->Database());
-    if (!upsert.prepare(UpsertSql(table, fields, required.first().toLatin1().constData()))) {
-        qCWarning(lcNoflyZone) << "cannot prepare the upsert:" << upsert.lastError().text();
+    CLmRecordUpsert upsert(m_pDataBase->Database(), table, fields, required);
+    if (!upsert.Write(records, &result.iApplied, &result.iSkipped)) {
+        qCWarning(lcNoflyZone) << "cannot store the records of" << table << upsert.Error();
         m_pDataBase->Database().rollback();
-        return result;
-    }
-    const int keyColumn = fields.indexOf(required.first());
-    for (const QJsonValue& value : records) {
-        const QJsonObject record = value.toObject();
-        if (!IsComplete(record, fields, required)) {
-            ++result.iSkipped;
-            continue;
-        }
-        for (int column = 0; column < fields.size(); ++column)
-            upsert.bindValue(column, record.value(fields.at(column)).toVariant());
-        // A key sent as a number is the same key as its text.
-        upsert.bindValue(keyColumn, record.value(required.first()).toVariant().toString());
-        if (!upsert.exec()) {
-            qCWarning(lcNoflyZone) << "cannot store a record of" << table << upsert.lastError().text();
-            m_pDataBase->Database().rollback();
-            return {};
-        }
-        ++result.iApplied;
+        return {};
     }
     result.bOk = m_pDataBase->Database().commit();
     if (result.iSkipped > 0)
@@ -206,6 +173,10 @@ bool CLmNoflyZoneMgr::RemoveLiftsExcept(const QString& userId)
 
 void CLmNoflyZoneMgr::CloseDataBase()
 {
+    // Readers of the published file may have no write access beside it, so
+    // the file leaves write-ahead logging behind.
+    if (m_pDataBase)
+        m_pDataBase->Exec(QStringLiteral("PRAGMA journal_mode = DELETE"));
     m_pDataBase.reset();
 }
 
@@ -245,7 +216,12 @@ bool CLmNoflyZoneMgr::OpenWorkCopy()
     if (!QFileInfo::exists(m_strWorkFilePath))
         return false;
     m_pDataBase = std::make_unique<CLmDataBase>(m_strWorkFilePath);
+    // An update rewrites most of the file: a write-ahead log and a cache
+    // holding the whole zone table keep that to one pass over the pages.
     if (m_pDataBase->Open() && m_pDataBase->Exec(QStringLiteral("PRAGMA trusted_schema = OFF"))
+        && m_pDataBase->Exec(QStringLiteral("PRAGMA cache_size = -65536"))
+        && m_pDataBase->Exec(QStringLiteral("PRAGMA journal_mode = WAL"))
+        && m_pDataBase->Exec(QStringLiteral("PRAGMA synchronous = NORMAL"))
         && CreateTables(*m_pDataBase))
         return true;
     m_pDataBase.reset();

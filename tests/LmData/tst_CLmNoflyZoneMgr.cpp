@@ -152,6 +152,7 @@ void tst_CLmNoflyZoneMgr::savedOnlyWhenZoneDatabase()
         QCOMPARE(ReadAll(WorkFile()), before);
         QCOMPARE(manager.CheckExistNoflyFile(), QStringLiteral("2025-09-09 09:09:09"));
     }
+    manager.CloseDataBase();
     QCOMPARE(QDir(m_dir.filePath("TmpData")).entryList(QDir::Files | QDir::Hidden), QStringList{"NoflyZone.dat"});
 }
 
