@@ -78,7 +78,10 @@ CLmNoflyZoneMgr::CLmNoflyZoneMgr(const QString& workFilePath)
 {
 }
 
-CLmNoflyZoneMgr::~CLmNoflyZoneMgr() = default;
+CLmNoflyZoneMgr::~CLmNoflyZoneMgr()
+{
+    CloseDataBase();
+}
 
 QString CLmNoflyZoneMgr::WorkFilePath() const
 {
