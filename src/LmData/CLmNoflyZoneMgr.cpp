@@ -161,6 +161,7 @@ CLmNoflyZoneMgr::SApplyResult CLmNoflyZoneMgr::Apply(const QJsonArray& records, 
         return {};
     }
     result.bOk = m_pDataBase->Database().commit();
+    qCInfo(lcNoflyZone) << result.iApplied << "records of" << table << "stored";
     if (result.iSkipped > 0)
         qCInfo(lcNoflyZone) << result.iSkipped << "records of" << table << "lack a field and were skipped";
     return result;

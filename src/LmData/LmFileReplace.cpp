@@ -36,7 +36,11 @@ bool CopyOver(const QString& sourcePath, const QString& targetPath)
             return false;
         }
     }
-    if (!temp.flush())
+    // A copy is published for other programs to read; the temporary file
+    // was made for its owner alone.
+    if (!temp.flush()
+        || !temp.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup
+                                | QFileDevice::ReadOther))
         return false;
     temp.close();
     if (!Replace(temp.fileName(), targetPath))

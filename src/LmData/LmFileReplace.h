@@ -11,7 +11,8 @@ namespace LmFileReplace {
 bool Replace(const QString& fromPath, const QString& targetPath);
 
 // Copies sourcePath to a temporary file in the target's folder and renames
-// it over targetPath; the target is untouched when anything fails.
+// it over targetPath, readable by everyone; the target is untouched when
+// anything fails.
 bool CopyOver(const QString& sourcePath, const QString& targetPath);
 
 }  // namespace LmFileReplace
