@@ -127,7 +127,7 @@ void CLmNoFlyZoneUpgrade::ShowProgressDialog()
 {
     if (!m_pProgressWgt) {
         m_pProgressWgt = new CLmProgressWgt(QApplication::activeWindow());
-        m_pProgressWgt->setWindowTitle(tr("Downloading NoFlyZone File..."));
+        m_pProgressWgt->SetTitle(tr("Downloading NoFlyZone File..."));
         connect(this, &CLmNoFlyZoneUpgrade::signalCloseLoadWgt, m_pProgressWgt, &CLmProgressWgt::accept);
         connect(this, &CLmNoFlyZoneUpgrade::signalDownLoadProcess, m_pProgressWgt, &CLmProgressWgt::SetProgress);
         connect(m_pProgressWgt, &CLmProgressWgt::signalBtnRetryClicked, this,

@@ -10,6 +10,7 @@
 #include "TestSession.h"
 
 #include <QJsonArray>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -46,6 +47,7 @@ private slots:
     void zoneUpdates();
     void repliesChangeNothing_data();
     void repliesChangeNothing();
+    void zoneFileThatIsNoDatabase_data();
     void zoneFileThatIsNoDatabase();
     void nothingSent_data();
     void nothingSent();
@@ -228,19 +230,48 @@ void tst_CLmNoFlyZoneUpgrade::repliesChangeNothing()
     QCOMPARE(ZoneRows(WorkFile()), workCopy);
 }
 
+void tst_CLmNoFlyZoneUpgrade::zoneFileThatIsNoDatabase_data()
+{
+    QTest::addColumn<int>("retries");
+
+    QTest::newRow("cancelled") << 0;
+    QTest::newRow("retried, then cancelled") << 2;
+}
+
 void tst_CLmNoFlyZoneUpgrade::zoneFileThatIsNoDatabase()
 {
+    QFETCH(int, retries);
+
     CCannedHttpPeer file(Json200(R"({"status":0,"message":"OK","data":{"url":"http://127.0.0.1/zone.db"}})"));
     CCannedHttpPeer naming(Json200(R"({"status":0,"data":{"url":")" + file.BaseUrl() + R"(/NoflyZone.db"}})"));
     TestSession::PointCloudAt(naming.BaseUrl());
     QFile::remove(WorkFile());
 
-    QString seen;
-    ModalAnswer::PressWhenShown(QStringLiteral("m_pBtnCancel"), &seen, kUpdateTimeoutMs, "CLmProgressWgt", this);
+    // The user answers each failure as it shows: Retry starts over (the
+    // dialog stays, its buttons hidden again), Cancel closes it.
+    QStringList seen;
+    ModalAnswer::RunWhenShown(
+        "CLmProgressWgt",
+        [&seen, retries](QWidget* dialog) {
+            auto* cancel = dialog->findChild<QPushButton*>("m_pBtnCancel");
+            for (int attempt = 0; attempt <= retries; ++attempt) {
+                QTRY_VERIFY_WITH_TIMEOUT(cancel->isVisible(), kUpdateTimeoutMs);
+                seen.append(ModalAnswer::VisibleTexts(dialog));
+                if (attempt < retries) {
+                    dialog->findChild<QPushButton*>("m_pBtnRetry")->click();
+                    QTRY_VERIFY_WITH_TIMEOUT(!cancel->isVisible(), kUpdateTimeoutMs);
+                }
+            }
+            cancel->click();
+        },
+        kUpdateTimeoutMs, this);
     QVERIFY(!RunUpdate());
     QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
-    QCOMPARE(seen, QStringLiteral("Download File Failed."));
-    QCOMPARE(file.RequestCount(), 1);
+    QCOMPARE(seen.size(), retries + 1);
+    QCOMPARE(seen.filter(QStringLiteral("Download File Failed.")), seen);
+    QCOMPARE(seen.filter(QStringLiteral("Downloading NoFlyZone File...")), seen);
+    QCOMPARE(naming.RequestCount(), retries + 1);
+    QCOMPARE(file.RequestCount(), retries + 1);
     QVERIFY(!QFile::exists(WorkFile()));
     QVERIFY(!QFile::exists(PublishedFile()));
 }
