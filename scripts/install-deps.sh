@@ -13,6 +13,7 @@ PACKAGES=(
   libgeonames-dev libgeonames0
   libsodium-dev libsqlite3-dev
   fonts-dejavu-core
+  desktop-file-utils appstream dpkg-dev qttranslations5-l10n fonts-noto-cjk
 )
 missing=()
 for p in "${PACKAGES[@]}"; do

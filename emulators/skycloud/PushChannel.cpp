@@ -1,8 +1,7 @@
 #include "PushChannel.h"
 
+#include "AsciiJson.h"
 #include "PushHub.h"
-
-#include <QJsonDocument>
 
 const QByteArray PushChannel::FrameMarker = QByteArrayLiteral("SWOOLE_SOCKET_FINISH");
 
@@ -33,7 +32,7 @@ int PushChannel::Start(int port)
 
 int PushChannel::Send(qint64 accountId, const QJsonObject& notification)
 {
-    const QByteArray frame = QJsonDocument(notification).toJson(QJsonDocument::Compact) + FrameMarker;
+    const QByteArray frame = AsciiJson::Compact(notification) + FrameMarker;
     int delivered = 0;
     QMetaObject::invokeMethod(
         m_pHub, [this, accountId, &frame, &delivered] { delivered = m_pHub->Deliver(accountId, frame); },

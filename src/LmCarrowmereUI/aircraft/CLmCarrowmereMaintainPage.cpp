@@ -24,8 +24,6 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     : QWidget(parent)
     , m_pUi(std::make_unique<Ui::CLmCarrowmereMaintainPage>())
     , m_pSectionEntries(new QButtonGroup(this))
-    , m_pPlaneStatus(new CLmPlaneStatus)
-    , m_pUavSettings(new CLmUavSettings)
 {
     m_pUi->setupUi(this);
     setAttribute(Qt::WA_StyledBackground);
@@ -36,8 +34,18 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     m_pSectionEntries->addButton(m_pUi->m_pBtnOverview, kOverviewSection);
     // Fault diagnosis (flight logs), base station and data download join the
     // list the same way; their entries stay hidden until their section is added.
-    AddSection(m_pUi->m_pBtnPlaneStatus, m_pPlaneStatus);
-    AddSection(m_pUi->m_pBtnUavSettings, m_pUavSettings);
+    AddSection(m_pUi->m_pBtnPlaneStatus, [this] {
+        m_pPlaneStatus = new CLmPlaneStatus;
+        m_pPlaneStatus->SetRopeWarning(m_bParachuteNotice);
+        m_pPlaneStatus->SetConnectionText(m_strKeyStatus);
+        m_pPlaneStatus->SetUas(m_pUas);
+        return m_pPlaneStatus;
+    });
+    AddSection(m_pUi->m_pBtnUavSettings, [this] {
+        m_pUavSettings = new CLmUavSettings;
+        m_pUavSettings->SetUas(m_pUas);
+        return m_pUavSettings;
+    });
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
     SetUsbDisks({});
@@ -53,19 +61,28 @@ void CLmCarrowmereMaintainPage::SetMainWindow(QWidget* pMainWindow)
 
 // An entry's id is its section's index in the stack; the overview is the
 // form's own first page. Sections taller than the page scroll.
-void CLmCarrowmereMaintainPage::AddSection(QAbstractButton* pEntry, QWidget* pSection)
+void CLmCarrowmereMaintainPage::AddSection(QAbstractButton* pEntry, SectionFactory createSection)
 {
     auto* scroll = new QScrollArea(m_pUi->m_pStackMaintain);
-    scroll->setObjectName(pSection->objectName() + QStringLiteral("Scroll"));
+    scroll->setObjectName(pEntry->objectName() + QStringLiteral("Scroll"));
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidget(pSection);
     pEntry->setVisible(true);
-    m_pSectionEntries->addButton(pEntry, m_pUi->m_pStackMaintain->addWidget(scroll));
+    const int index = m_pUi->m_pStackMaintain->addWidget(scroll);
+    m_pSectionEntries->addButton(pEntry, index);
+    m_mapUnbuiltSections.insert(index, std::move(createSection));
+}
+
+void CLmCarrowmereMaintainPage::BuildSection(int index)
+{
+    const SectionFactory createSection = m_mapUnbuiltSections.take(index);
+    if (createSection)
+        static_cast<QScrollArea*>(m_pUi->m_pStackMaintain->widget(index))->setWidget(createSection());
 }
 
 void CLmCarrowmereMaintainPage::ShowSection(int index)
 {
+    BuildSection(index);
     m_pSectionEntries->button(index)->setChecked(true);
     m_pUi->m_pStackMaintain->setCurrentIndex(index);
 }
@@ -97,14 +114,17 @@ void CLmCarrowmereMaintainPage::UpdateAircraftControls()
     if (!held) {
         m_pUi->m_pLabelPlaneInfo->clear();
         m_pUi->m_pLabelKeyStatus->clear();
+        m_strKeyStatus.clear();
         ShowSection(kOverviewSection);
     }
 }
 
 void CLmCarrowmereMaintainPage::HandUasToSections()
 {
-    m_pPlaneStatus->SetUas(m_pUas);
-    m_pUavSettings->SetUas(m_pUas);
+    if (m_pPlaneStatus)
+        m_pPlaneStatus->SetUas(m_pUas);
+    if (m_pUavSettings)
+        m_pUavSettings->SetUas(m_pUas);
     Q_EMIT CurrentUasChanged(m_pUas);
 }
 
@@ -124,7 +144,8 @@ void CLmCarrowmereMaintainPage::SetParachuteNotice(bool bNotify)
 {
     m_bParachuteNotice = bNotify;
     m_pUi->m_pBtnPlaneStatus->SetTipVisible(bNotify);
-    m_pPlaneStatus->SetRopeWarning(bNotify);
+    if (m_pPlaneStatus)
+        m_pPlaneStatus->SetRopeWarning(bNotify);
 }
 
 bool CLmCarrowmereMaintainPage::ParachuteNotice() const
@@ -161,8 +182,10 @@ void CLmCarrowmereMaintainPage::slotReciveMultirotorPlaneInfo(QStringList info)
 
 void CLmCarrowmereMaintainPage::slotKeyStatusString(QString status)
 {
+    m_strKeyStatus = status;
     m_pUi->m_pLabelKeyStatus->setText(status);
-    m_pPlaneStatus->SetConnectionText(status);
+    if (m_pPlaneStatus)
+        m_pPlaneStatus->SetConnectionText(status);
 }
 
 void CLmCarrowmereMaintainPage::slotDownLoadFinished(QString path)

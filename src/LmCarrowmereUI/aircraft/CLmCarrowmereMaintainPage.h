@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QHash>
 #include <QStringList>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 namespace Ui {
@@ -18,7 +20,9 @@ class QButtonGroup;
 // left. The overview shows the connected aircraft and the removable disks;
 // the plane status and flight setting sections are the aircraft's own pages
 // and open only while an aircraft is held. The page hands the aircraft and
-// its notices (parachute, key status) to the sections.
+// its notices (parachute, key status) to the sections. A section is built the
+// first time it is opened: most visits need one or two of them, and building
+// all of them up front would hold back the main window's first paint.
 class CLmCarrowmereMaintainPage : public QWidget
 {
     Q_OBJECT
@@ -57,20 +61,24 @@ Q_SIGNALS:
     void CurrentUasChanged(CLmUasProvide* pUas);
 
 private:
-    // A section: its entry in the list and its page.
-    void AddSection(QAbstractButton* pEntry, QWidget* pSection);
+    using SectionFactory = std::function<QWidget*()>;
+    // A section: its entry in the list and how to build its page.
+    void AddSection(QAbstractButton* pEntry, SectionFactory createSection);
+    void BuildSection(int index);
     void ShowSection(int index);
     void HandUasToSections();
     void UpdateAircraftControls();
 
     std::unique_ptr<Ui::CLmCarrowmereMaintainPage> m_pUi;
     QButtonGroup* m_pSectionEntries;
-    CLmPlaneStatus* m_pPlaneStatus;
-    CLmUavSettings* m_pUavSettings;
+    QHash<int, SectionFactory> m_mapUnbuiltSections;
+    CLmPlaneStatus* m_pPlaneStatus = nullptr;
+    CLmUavSettings* m_pUavSettings = nullptr;
     QWidget* m_pMainWindow = nullptr;
     CLmUasProvide* m_pUas = nullptr;
     bool m_bDeviceConnectionArmed = true;
     bool m_bParachuteNotice = false;
     QString m_strLinkProblem;
+    QString m_strKeyStatus;
     QString m_strFirmwarePackage;
 };

@@ -22,13 +22,13 @@ namespace {
 // Timestamps are only as fine as the file system keeps them (two seconds on
 // FAT): a file written this recently could change again without its stamp
 // showing it, so its reading is not kept.
-constexpr qint64 TimestampGranularityNs = 2'000'000'000;
+constexpr qint64 TimestampGranularityNs = 2000000000;
 // Bumped whenever what a reading holds changes; older files are ignored.
 constexpr int StoreFormat = 1;
 
 qint64 Nanoseconds(const timespec& time)
 {
-    return qint64(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+    return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
 }
 
 QCborArray StringArray(const QStringList& strings)

@@ -126,8 +126,21 @@ void CLmCarrowmereMainWindow::CreatePages()
     m_pUserMessagePage = AddPage(new CLmUserMessagePage(this));
     connect(m_pUserMessagePage, &CLmUserMessagePage::saveUserInfoSucced, this, &Window::slotUpdateUserInfo);
     connect(m_pUserMessagePage, &CLmUserMessagePage::LogoutSucced, this, &Window::slotUpdateUserInfo);
+}
+
+// The project page is the heaviest one and its engine has nothing to do
+// before someone looks at projects, so it is built when first opened rather
+// than before the window's first paint.
+CLmProjMgrWgt* CLmCarrowmereMainWindow::ProjMgrPage()
+{
+    if (m_pProjMgrWgt)
+        return m_pProjMgrWgt;
     m_pProjMgrWgt = AddPage(new CLmProjMgrWgt(this));
     m_pProjMgrWgt->hide();
+    connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pProjMgrWgt, &CLmProjMgrWgt::Reset);
+    connect(m_pProjMgrWgt, &CLmProjMgrWgt::parseJsonArray, m_pDeviceHub.get(), &CLmDeviceHub::parseJsonArray);
+    connect(m_pDeviceHub.get(), &CLmDeviceHub::FlightDataParsed, m_pProjMgrWgt, &CLmProjMgrWgt::slotFlightDataParsed);
+    return m_pProjMgrWgt;
 }
 
 void CLmCarrowmereMainWindow::CheckShortcut()
@@ -201,7 +214,6 @@ void CLmCarrowmereMainWindow::ConnectAccountSession()
     connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pNoticeCenter,
             &CLmNoticeCenter::RefreshPushSubscription);
     connect(m_pAccountSession, &CLmAccountSession::SignedOut, this, &Window::slotBackToHome);
-    connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pProjMgrWgt, &CLmProjMgrWgt::Reset);
     connect(m_pAccountSession, &CLmAccountSession::SignedOut, this, &Window::ForgetAccountTraces);
     connect(m_pAccountSession, &CLmAccountSession::AccountSwitched, this, &Window::ForgetAccountTraces);
 }
@@ -212,8 +224,6 @@ void CLmCarrowmereMainWindow::ConnectDeviceHub()
     connect(this, &Window::freeSerialPort, m_pDeviceHub.get(), &CLmDeviceHub::freeSerialPort);
     connect(this, &Window::connectSerialPort, m_pDeviceHub.get(), &CLmDeviceHub::connectSerialPort);
     connect(this, &Window::uploadFlightData, m_pDeviceHub.get(), &CLmDeviceHub::uploadFlightData);
-    connect(m_pProjMgrWgt, &CLmProjMgrWgt::parseJsonArray, m_pDeviceHub.get(), &CLmDeviceHub::parseJsonArray);
-    connect(m_pDeviceHub.get(), &CLmDeviceHub::FlightDataParsed, m_pProjMgrWgt, &CLmProjMgrWgt::slotFlightDataParsed);
     connect(m_pDeviceHub.get(), &CLmDeviceHub::AircraftLost, m_pNoticeCenter, &CLmNoticeCenter::ForgetFirmwareOffer);
     connect(m_pDeviceHub.get(), &CLmDeviceHub::NetWorkStateChanged, this, &Window::ShowNetWorkState);
     connect(m_pDeviceHub.get(), &CLmDeviceHub::FirstNetWorkAnswer, this, &Window::StartCloudWork);
@@ -527,7 +537,7 @@ void CLmCarrowmereMainWindow::slotCloudBtnClicked()
     if (!m_pAccountSession->MayOpenCloudPages())
         return;
     m_pUi->m_pBtnProjManager->SetTipVisible(false);
-    ShowPage(m_pProjMgrWgt);
+    ShowPage(ProjMgrPage());
 }
 
 void CLmCarrowmereMainWindow::slotHelpBtnClicked()

@@ -60,6 +60,7 @@ private:
     void CheckShortcut();
     void SetupForm();
     void CreatePages();
+    CLmProjMgrWgt* ProjMgrPage();
     template <class TPage>
     TPage* AddPage(TPage* pPage);
     void SetupConnectInfo();
@@ -127,6 +128,9 @@ private:
     CLmProjMgrWgt* m_pProjMgrWgt = nullptr;
     bool m_bPressed = false;
     QPoint m_ptDragOffset;
+    // The launcher keeps the current links it handed over to an attached
+    // program (their ids, so that every serial, UDP and TCP link comes back);
+    // the device hub keeps its own counts. Neither is state of the window.
     CLmLauncher* m_pLauncher = nullptr;
     CLmNoticeCenter* m_pNoticeCenter = nullptr;
     CLmAccountSession* m_pAccountSession = nullptr;

@@ -214,6 +214,9 @@ void tst_AccountSwitch::switchingAccountsLeavesNoTrace()
     QTRY_VERIFY_WITH_TIMEOUT((Push("13800000001", "news", "Season%20one"),
                               SystemMessage() == QLatin1String("Season one")),
                              8000);
+    // News in Chinese arrives intact (the channel escapes what is not ASCII).
+    Push("13800000001", "news", "%E5%AD%A3%E5%BA%A6%E4%B8%80%F0%9F%9A%81");
+    QTRY_COMPARE(SystemMessage(), QStringLiteral("季度一🚁"));
     Push("13800000001", "project_share_message", "shared");
     Push("13800000001", "project_share", "shared");
     QTRY_VERIFY(EnvelopeLit() && ProjectBadgeLit());

@@ -4,6 +4,7 @@
 #include "CLmUasProvide.h"
 #include "ModalAnswer.h"
 
+#include <QLabel>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
@@ -17,6 +18,7 @@ private Q_SLOTS:
     void cleanup();
     void parachuteNotice_data();
     void parachuteNotice();
+    void noticesReachALaterOpenedSection();
     void sameAircraftRefreshesOnce();
     void firmwareNoticeAtMostOncePerConnection();
 
@@ -65,6 +67,22 @@ void tst_DeviceHub::parachuteNotice()
     for (int count : counts)
         Invoke("slotNeedNotifyParachute", Q_ARG(int, count));
     QCOMPARE(Page()->findChild<CLmTipPushButton*>(QStringLiteral("m_pBtnPlaneStatus"))->IsTipVisible(), badge);
+}
+
+// The plane status section is built when first opened; what the hub told
+// the page before that must show on it.
+void tst_DeviceHub::noticesReachALaterOpenedSection()
+{
+    CLmUasProvide aircraft(nullptr, 1, 1);
+    Invoke("slotNeedNotifyParachute", Q_ARG(int, 90));
+    Invoke("slotUasConnected", Q_ARG(CLmUasProvide*, &aircraft));
+    QVERIFY(!Page()->findChild<QLabel*>(QStringLiteral("m_pLblParachuteReplacedTip")));
+
+    Page()->findChild<QPushButton*>(QStringLiteral("m_pBtnPlaneStatus"))->click();
+    auto* tip = Page()->findChild<QLabel*>(QStringLiteral("m_pLblParachuteReplacedTip"));
+    QVERIFY(tip && tip->isVisibleTo(Page()));
+    QVERIFY(tip->text().contains(QLatin1String("more than 80 times")));
+    Invoke("slotUasDisConnected", Q_ARG(CLmUasProvide*, &aircraft));
 }
 
 void tst_DeviceHub::sameAircraftRefreshesOnce()

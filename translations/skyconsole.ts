@@ -1,0 +1,1580 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1">
+<context>
+    <name>CLmAccountSession</name>
+    <message>
+        <source>Please Login</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Failed to get user information.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sign in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmBaseDialog</name>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmBatteryFrameWgt</name>
+    <message>
+        <source>Battery_%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereLoginDialog</name>
+    <message>
+        <source>User name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Forgot</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Login Tolva Cloud</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereMainWindow</name>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Program maintenance is complete, welcome to use.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to exit the application?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereMaintainPage</name>
+    <message>
+        <source>Home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Maintain</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A device access request is waiting for you.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Overview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plane status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UAV settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Base station</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Data download</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Aircraft</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No aircraft connected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>USB disks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No removable disk found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Aircraft connected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fixed-wing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Multirotor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New firmware package: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereProjMgrObj</name>
+    <message>
+        <source>Reading project list start.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start synchronization project.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading project list error.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read project list finished</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finished</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereUpgradeLauncher</name>
+    <message>
+        <source>Looking for the newest launcher ...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The launcher is up to date.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereWgt</name>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole Professional</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Test version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network state</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recived Message</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sign in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project manager</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vireo Plan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vireo Fly</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vireo Check</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vireo Process</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vireo Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vireo Monitor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Maintain</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>3D Viewer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Viewer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Image browser</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The cloud service cannot be reached. Projects, sign-in and news return when the network is back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>System information</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCitySelectWidget</name>
+    <message>
+        <source>all</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search city</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No matching city</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmDateSelectWidget</name>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmDeviceHub</name>
+    <message>
+        <source>The aircraft port %1 is in use by another program; trying again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmForgetPasswordDialog</name>
+    <message>
+        <source>Reset password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verification code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repeat password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The password has been reset.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the phone number.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the verification code.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the new password.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please repeat the new password.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmHardwareCheck</name>
+    <message>
+        <source>Operating System:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Processor:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Memory:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Main hard disk:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown hard disk</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Video adapter:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown graphics card</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hardware configuration environment is not suitable for data processing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmLauncher</name>
+    <message>
+        <source>Not found an executable program.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmMessageBox</name>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmMissionTableDelegate</name>
+    <message>
+        <source>Re-download</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmNoticeCenter</name>
+    <message>
+        <source>System Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The news page cannot be shown on this display.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> There is a new firmware version needs to be updated.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> There is a new &quot;srtch&quot; version needs to be updated.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmPhoneCodeDialog</name>
+    <message>
+        <source>The two passwords differ.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The password needs at least %1 characters.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The verification code has been sent.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resend in %1 s</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmPlaneStatus</name>
+    <message>
+        <source>Version:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The umbrella rope has been used more than 80 times, please replace it as soon as possible to ensure flight safety.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The maximum service life of the rope is 100 times, please check and replace in time!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please confirm that you have changed the parachute rope.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure you want to open the parachute cover?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmPlaneStatusController</name>
+    <message>
+        <source>times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmPlaneStatusPage</name>
+    <message>
+        <source>Plane Status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Autopilot</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serial number:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware version:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ground Radio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight Situation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Takeoff and landing times:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Steering gear action:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight Mileage:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open umbrella times:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motor starts:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last flight (s):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Highest altitude (m):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Intelligent battery</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Electricity:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Voltage:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capacitance:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parachute</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use times of parachute rope:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The maximum service life of the rope is 100 times, please check and replace in time!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replaced</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parachute check</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Click the button to check whether it is normal parachute cover.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connecting State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not Connect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Number of Flights:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight time (s):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Boot count:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hardware Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Battery version:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmProgressWgt</name>
+    <message>
+        <source>Retry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjDetailsController</name>
+    <message>
+        <source>This project is only in the cloud. Download it to see its missions.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the missions...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the cloud cannot be reached</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A reply of the cloud could not be read; its missions are not listed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Some missions could not be listed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This project has no flight tasks yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No mission of this project is in the cloud yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n mission(s) in the cloud. Click a download mark to fetch a mission&apos;s flight data.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Downloading %1...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its flight data could not be stored on this computer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 downloaded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not download %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A reply of the cloud for %1 could not be read; nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjDetailsWgt</name>
+    <message>
+        <source>Project details</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to the project list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Missions planned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloaded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mission</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Log rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Positions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download failed, please re-download</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Click download</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only in the cloud</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This project is only in the cloud.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the missions...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No flown mission of this project in the cloud.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjFilter</name>
+    <message>
+        <source>City</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>all</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjMgrController</name>
+    <message>
+        <source>Waiting...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Uploading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upload Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Uploading Finished</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download Finished</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjMgrWgt</name>
+    <message>
+        <source>SkyConsole Project Manager</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project Manager</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Assigned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Trans List</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Synchronize</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Synchronize projects with the cloud</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share the selected projects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete the selected projects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>More screening</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The national</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight Log</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Create time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Total storage space:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Total Project:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Projects shared with you and by you will be listed here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Assigned by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No project has been assigned to you yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Uploading List</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading List</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finished List</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read cloud project information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read local project information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The network is not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete all selected projects?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to delete project %1 ?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Project delete was successful.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The local file delete operation was not successful, the file is in use.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>One or more file used by other application.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The cloud&apos;s answer could not be read. Nothing was deleted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure you want to share all selected projects?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can not find project file ,please download project first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download project file failed.Press cancel to use project on sever,press retry to download project again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjTransferTrees</name>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjetMgrDelegate</name>
+    <message>
+        <source>Share</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Click download</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmRegisterDialog</name>
+    <message>
+        <source>Create a Tolva Cloud account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verification code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nick name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repeat password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Registration succeeded, please sign in.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the phone number.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the verification code.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter a nick name.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter a password.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please repeat the password.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareDialog</name>
+    <message>
+        <source>Project:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiver:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Message:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A note for the receiver (optional)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share flight log</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share account cannot be empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can not share to their own</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The cloud&apos;s answer could not be read. Please try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Uploading flight log...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upload flight log Complete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmSystemInfo</name>
+    <message>
+        <source>%1, kernel %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %2 GB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>driver %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmUavSettings</name>
+    <message>
+        <source>Flight Setting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Radio lost contact protection time(s)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The plane and radio link interruption over the time, the plane will automatically return.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parameter Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parameter Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft did not confirm the protection time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft did not confirm %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 parameters read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 parameters did not arrive; Restore reads them again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lost contact protection time can not be less than 30 seconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parameter set successfully</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flight setting</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmUavSettingsController</name>
+    <message>
+        <source>paramter:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> value is null</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> value is not a %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmUpdateQuery</name>
+    <message>
+        <source>Network fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update information is incomplete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmUpgradeDownloadDialog</name>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading version %1 ...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download File Failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download completed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The installation package has been downloaded and verified. Open its folder to install it?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmUserMessagePage</name>
+    <message>
+        <source>Home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recived Message</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Personal information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No messages.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nick name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Company</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logout</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The nick name cannot be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LmAlgorthm</name>
+    <message>
+        <source>Fixed-wing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Multirotor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LmBatteryInfoWgt</name>
+    <message>
+        <source>Details of the battery</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remain(%)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Total (V)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Temp ℃</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Current mA</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capacity mAh</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cycles</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Life expectancy (%)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serial number:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Core voltage (V)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>abnormality</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LmPlaneStatusLists</name>
+    <message>
+        <source>GPS Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>BMS </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Magnetometer 1 Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Magnetometer 2 Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cloud Terrace Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ESC 1 Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ESC 2 Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ESC 3 Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ESC 4 Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ultrasonic Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vision Hardware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CPLD</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FPGA</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sorties</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Batter version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Battery self-check failure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Power is too low</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ultra low power</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LmUsbDiskText</name>
+    <message>
+        <source>%1 (%2)  %3 free of %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Desktop hub for survey-drone crews: cloud projects, aircraft, flight logs, GNSS base stations.
+Deployment data: /etc/skyconsole/deployment.ini, overridden by ~/.config/SkyConsole/deployment.ini and SKYCONSOLE_&lt;GROUP&gt;_&lt;KEY&gt; variables.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Language of the texts: en or zh_CN.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>

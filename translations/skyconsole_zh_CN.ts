@@ -1,0 +1,1581 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN">
+<context>
+    <name>CLmAccountSession</name>
+    <message>
+        <source>Please Login</source>
+        <translation>请登录</translation>
+    </message>
+    <message>
+        <source> Failed to get user information.</source>
+        <translation> 获取用户信息失败。</translation>
+    </message>
+    <message>
+        <source>Sign in</source>
+        <translation>登录</translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation>网络故障</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+</context>
+<context>
+    <name>CLmBaseDialog</name>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>CLmBatteryFrameWgt</name>
+    <message>
+        <source>Battery_%1</source>
+        <translation>电池_%1</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereLoginDialog</name>
+    <message>
+        <source>User name</source>
+        <translation>用户名</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>密码</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation>登录</translation>
+    </message>
+    <message>
+        <source>Forgot</source>
+        <translation>忘记密码</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <translation>注册</translation>
+    </message>
+    <message>
+        <source>Login Tolva Cloud</source>
+        <translation>登录 Tolva 云</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereMainWindow</name>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source>Program maintenance is complete, welcome to use.</source>
+        <translation>程序维护已完成，欢迎使用。</translation>
+    </message>
+    <message>
+        <source>Do you want to exit the application?</source>
+        <translation>确定要退出应用程序吗？</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereMaintainPage</name>
+    <message>
+        <source>Home</source>
+        <translation>首页</translation>
+    </message>
+    <message>
+        <source>Maintain</source>
+        <translation>维护</translation>
+    </message>
+    <message>
+        <source>A device access request is waiting for you.</source>
+        <translation>有一个设备接入请求等待您处理。</translation>
+    </message>
+    <message>
+        <source>Overview</source>
+        <translation>概览</translation>
+    </message>
+    <message>
+        <source>Plane status</source>
+        <translation>飞机状态</translation>
+    </message>
+    <message>
+        <source>UAV settings</source>
+        <translation>无人机设置</translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation>故障诊断</translation>
+    </message>
+    <message>
+        <source>Base station</source>
+        <translation>基站</translation>
+    </message>
+    <message>
+        <source>Data download</source>
+        <translation>数据下载</translation>
+    </message>
+    <message>
+        <source>Aircraft</source>
+        <translation>飞机</translation>
+    </message>
+    <message>
+        <source>No aircraft connected.</source>
+        <translation>未连接飞机。</translation>
+    </message>
+    <message>
+        <source>USB disks</source>
+        <translation>USB 磁盘</translation>
+    </message>
+    <message>
+        <source>No removable disk found.</source>
+        <translation>未找到可移动磁盘。</translation>
+    </message>
+    <message>
+        <source>Aircraft connected.</source>
+        <translation>飞机已连接。</translation>
+    </message>
+    <message>
+        <source>Fixed-wing</source>
+        <translation>固定翼</translation>
+    </message>
+    <message>
+        <source>Multirotor</source>
+        <translation>多旋翼</translation>
+    </message>
+    <message>
+        <source>New firmware package: %1</source>
+        <translation>新固件包：%1</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereProjMgrObj</name>
+    <message>
+        <source>Reading project list start.</source>
+        <translation>开始读取项目列表。</translation>
+    </message>
+    <message>
+        <source>Start synchronization project.</source>
+        <translation>开始同步项目。</translation>
+    </message>
+    <message>
+        <source>Reading project list error.</source>
+        <translation>读取项目列表出错。</translation>
+    </message>
+    <message>
+        <source>Read project list finished</source>
+        <translation>项目列表读取完成</translation>
+    </message>
+    <message>
+        <source>Downloading </source>
+        <translation>正在下载 </translation>
+    </message>
+    <message>
+        <source>Finished</source>
+        <translation>已完成</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>正在上传</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereUpgradeLauncher</name>
+    <message>
+        <source>Looking for the newest launcher ...</source>
+        <translation>正在查找最新的启动器……</translation>
+    </message>
+    <message>
+        <source>The launcher is up to date.</source>
+        <translation>启动器已是最新版本。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCarrowmereWgt</name>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source>SkyConsole Professional</source>
+        <translation>SkyConsole 专业版</translation>
+    </message>
+    <message>
+        <source>Test version</source>
+        <translation>测试版</translation>
+    </message>
+    <message>
+        <source>Network state</source>
+        <translation>网络状态</translation>
+    </message>
+    <message>
+        <source>Recived Message</source>
+        <translation>收到的消息</translation>
+    </message>
+    <message>
+        <source>Sign in</source>
+        <translation>登录</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>帮助</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Project manager</source>
+        <translation>项目管理</translation>
+    </message>
+    <message>
+        <source>Vireo Plan</source>
+        <translation>Vireo 规划</translation>
+    </message>
+    <message>
+        <source>Vireo Fly</source>
+        <translation>Vireo 飞行</translation>
+    </message>
+    <message>
+        <source>Vireo Check</source>
+        <translation>Vireo 检查</translation>
+    </message>
+    <message>
+        <source>Vireo Process</source>
+        <translation>Vireo 处理</translation>
+    </message>
+    <message>
+        <source>Vireo Map</source>
+        <translation>Vireo 地图</translation>
+    </message>
+    <message>
+        <source>Vireo Monitor</source>
+        <translation>Vireo 监控</translation>
+    </message>
+    <message>
+        <source>Maintain</source>
+        <translation>维护</translation>
+    </message>
+    <message>
+        <source>3D Viewer</source>
+        <translation>三维浏览</translation>
+    </message>
+    <message>
+        <source>Viewer</source>
+        <translation>浏览器</translation>
+    </message>
+    <message>
+        <source>Image browser</source>
+        <translation>图像浏览</translation>
+    </message>
+    <message>
+        <source>The cloud service cannot be reached. Projects, sign-in and news return when the network is back.</source>
+        <translation>无法连接云服务。网络恢复后，项目、登录和新闻将恢复。</translation>
+    </message>
+    <message>
+        <source>System information</source>
+        <translation>系统信息</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCitySelectWidget</name>
+    <message>
+        <source>all</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>Search city</source>
+        <translation>搜索城市</translation>
+    </message>
+    <message>
+        <source>No matching city</source>
+        <translation>没有匹配的城市</translation>
+    </message>
+</context>
+<context>
+    <name>CLmDateSelectWidget</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>从</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>至</translation>
+    </message>
+</context>
+<context>
+    <name>CLmDeviceHub</name>
+    <message>
+        <source>The aircraft port %1 is in use by another program; trying again.</source>
+        <translation>飞机端口 %1 正被其他程序占用，正在重试。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmForgetPasswordDialog</name>
+    <message>
+        <source>Reset password</source>
+        <translation>重置密码</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>手机号码</translation>
+    </message>
+    <message>
+        <source>Send code</source>
+        <translation>发送验证码</translation>
+    </message>
+    <message>
+        <source>Verification code</source>
+        <translation>验证码</translation>
+    </message>
+    <message>
+        <source>New password</source>
+        <translation>新密码</translation>
+    </message>
+    <message>
+        <source>Repeat password</source>
+        <translation>重复密码</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>重置</translation>
+    </message>
+    <message>
+        <source>The password has been reset.</source>
+        <translation>密码已重置。</translation>
+    </message>
+    <message>
+        <source>Please enter the phone number.</source>
+        <translation>请输入手机号码。</translation>
+    </message>
+    <message>
+        <source>Please enter the verification code.</source>
+        <translation>请输入验证码。</translation>
+    </message>
+    <message>
+        <source>Please enter the new password.</source>
+        <translation>请输入新密码。</translation>
+    </message>
+    <message>
+        <source>Please repeat the new password.</source>
+        <translation>请再次输入新密码。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmHardwareCheck</name>
+    <message>
+        <source>Operating System:</source>
+        <translation>操作系统：</translation>
+    </message>
+    <message>
+        <source>Processor:</source>
+        <translation>处理器：</translation>
+    </message>
+    <message>
+        <source>Memory:</source>
+        <translation>内存：</translation>
+    </message>
+    <message>
+        <source>Main hard disk:</source>
+        <translation>主硬盘：</translation>
+    </message>
+    <message>
+        <source>Unknown hard disk</source>
+        <translation>未知硬盘</translation>
+    </message>
+    <message>
+        <source>Video adapter:</source>
+        <translation>显卡：</translation>
+    </message>
+    <message>
+        <source>Unknown graphics card</source>
+        <translation>未知显卡</translation>
+    </message>
+    <message>
+        <source>Hardware configuration environment is not suitable for data processing.</source>
+        <translation>硬件配置环境不适合数据处理。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmLauncher</name>
+    <message>
+        <source>Not found an executable program.</source>
+        <translation>未找到可执行程序。</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+</context>
+<context>
+    <name>CLmMessageBox</name>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>CLmMissionTableDelegate</name>
+    <message>
+        <source>Re-download</source>
+        <translation>重新下载</translation>
+    </message>
+</context>
+<context>
+    <name>CLmNoticeCenter</name>
+    <message>
+        <source>System Information</source>
+        <translation>系统信息</translation>
+    </message>
+    <message>
+        <source>The news page cannot be shown on this display.</source>
+        <translation>此显示器无法显示新闻页面。</translation>
+    </message>
+    <message>
+        <source> There is a new firmware version needs to be updated.</source>
+        <translation> 有新的固件版本需要更新。</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source> There is a new &quot;srtch&quot; version needs to be updated.</source>
+        <translation> 有新的“srtch”版本需要更新。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmPhoneCodeDialog</name>
+    <message>
+        <source>The two passwords differ.</source>
+        <translation>两次输入的密码不一致。</translation>
+    </message>
+    <message>
+        <source>The password needs at least %1 characters.</source>
+        <translation>密码至少需要 %1 个字符。</translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation>网络故障</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source>The verification code has been sent.</source>
+        <translation>验证码已发送。</translation>
+    </message>
+    <message>
+        <source>Resend in %1 s</source>
+        <translation>%1 秒后重新发送</translation>
+    </message>
+</context>
+<context>
+    <name>CLmPlaneStatus</name>
+    <message>
+        <source>Version:</source>
+        <translation>版本：</translation>
+    </message>
+    <message>
+        <source>The umbrella rope has been used more than 80 times, please replace it as soon as possible to ensure flight safety.</source>
+        <translation>伞绳已使用超过 80 次，请尽快更换以确保飞行安全。</translation>
+    </message>
+    <message>
+        <source>The maximum service life of the rope is 100 times, please check and replace in time!</source>
+        <translation>伞绳最长使用寿命为 100 次，请及时检查并更换！</translation>
+    </message>
+    <message>
+        <source>Please confirm that you have changed the parachute rope.</source>
+        <translation>请确认您已更换降落伞伞绳。</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to open the parachute cover?</source>
+        <translation>确定要打开伞舱盖吗？</translation>
+    </message>
+</context>
+<context>
+    <name>CLmPlaneStatusController</name>
+    <message>
+        <source>times</source>
+        <translation>次</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>正常</translation>
+    </message>
+</context>
+<context>
+    <name>CLmPlaneStatusPage</name>
+    <message>
+        <source>Plane Status</source>
+        <translation>飞机状态</translation>
+    </message>
+    <message>
+        <source>Autopilot</source>
+        <translation>飞控</translation>
+    </message>
+    <message>
+        <source>Serial number:</source>
+        <translation>序列号：</translation>
+    </message>
+    <message>
+        <source>Firmware version:</source>
+        <translation>固件版本：</translation>
+    </message>
+    <message>
+        <source>Ground Radio</source>
+        <translation>地面电台</translation>
+    </message>
+    <message>
+        <source>Flight Situation</source>
+        <translation>飞行情况</translation>
+    </message>
+    <message>
+        <source>Takeoff and landing times:</source>
+        <translation>起降次数：</translation>
+    </message>
+    <message>
+        <source>Steering gear action:</source>
+        <translation>舵机动作次数：</translation>
+    </message>
+    <message>
+        <source>Flight Mileage:</source>
+        <translation>飞行里程：</translation>
+    </message>
+    <message>
+        <source>Open umbrella times:</source>
+        <translation>开伞次数：</translation>
+    </message>
+    <message>
+        <source>Motor starts:</source>
+        <translation>电机启动次数：</translation>
+    </message>
+    <message>
+        <source>Last flight (s):</source>
+        <translation>上次飞行（秒）：</translation>
+    </message>
+    <message>
+        <source>Highest altitude (m):</source>
+        <translation>最高高度（米）：</translation>
+    </message>
+    <message>
+        <source>Intelligent battery</source>
+        <translation>智能电池</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>状态：</translation>
+    </message>
+    <message>
+        <source>Electricity:</source>
+        <translation>电量：</translation>
+    </message>
+    <message>
+        <source>Voltage:</source>
+        <translation>电压：</translation>
+    </message>
+    <message>
+        <source>Capacitance:</source>
+        <translation>容量：</translation>
+    </message>
+    <message>
+        <source>Parachute</source>
+        <translation>降落伞</translation>
+    </message>
+    <message>
+        <source>Use times of parachute rope:</source>
+        <translation>伞绳使用次数：</translation>
+    </message>
+    <message>
+        <source>The maximum service life of the rope is 100 times, please check and replace in time!</source>
+        <translation>伞绳最长使用寿命为 100 次，请及时检查并更换！</translation>
+    </message>
+    <message>
+        <source>Replaced</source>
+        <translation>已更换</translation>
+    </message>
+    <message>
+        <source>Parachute check</source>
+        <translation>降落伞检查</translation>
+    </message>
+    <message>
+        <source>Click the button to check whether it is normal parachute cover.</source>
+        <translation>点击按钮检查伞舱盖是否正常。</translation>
+    </message>
+    <message>
+        <source>Connecting State</source>
+        <translation>连接状态</translation>
+    </message>
+    <message>
+        <source>Not Connect</source>
+        <translation>未连接</translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation>电池</translation>
+    </message>
+    <message>
+        <source>Number of Flights:</source>
+        <translation>飞行次数：</translation>
+    </message>
+    <message>
+        <source>Flight time (s):</source>
+        <translation>飞行时间（秒）：</translation>
+    </message>
+    <message>
+        <source>Boot count:</source>
+        <translation>开机次数：</translation>
+    </message>
+    <message>
+        <source>Hardware Information</source>
+        <translation>硬件信息</translation>
+    </message>
+    <message>
+        <source>Battery version:</source>
+        <translation>电池版本：</translation>
+    </message>
+</context>
+<context>
+    <name>CLmProgressWgt</name>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjDetailsController</name>
+    <message>
+        <source>This project is only in the cloud. Download it to see its missions.</source>
+        <translation>此项目仅在云端。下载后即可查看其任务。</translation>
+    </message>
+    <message>
+        <source>Reading the missions...</source>
+        <translation>正在读取任务……</translation>
+    </message>
+    <message>
+        <source>the cloud cannot be reached</source>
+        <translation>无法连接云端</translation>
+    </message>
+    <message>
+        <source>A reply of the cloud could not be read; its missions are not listed.</source>
+        <translation>无法读取云端的回复，未列出其任务。</translation>
+    </message>
+    <message>
+        <source>Some missions could not be listed: %1</source>
+        <translation>部分任务无法列出：%1</translation>
+    </message>
+    <message>
+        <source>This project has no flight tasks yet.</source>
+        <translation>此项目尚无飞行任务。</translation>
+    </message>
+    <message>
+        <source>No mission of this project is in the cloud yet.</source>
+        <translation>此项目尚无任务在云端。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n mission(s) in the cloud. Click a download mark to fetch a mission&apos;s flight data.</source>
+        <translation>
+            <numerusform>云端有 %n 个任务。点击下载标记获取任务的飞行数据。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Downloading %1...</source>
+        <translation>正在下载 %1……</translation>
+    </message>
+    <message>
+        <source>its flight data could not be stored on this computer</source>
+        <translation>其飞行数据无法保存到本机</translation>
+    </message>
+    <message>
+        <source>%1 downloaded.</source>
+        <translation>%1 已下载。</translation>
+    </message>
+    <message>
+        <source>Could not download %1: %2</source>
+        <translation>无法下载 %1：%2</translation>
+    </message>
+    <message>
+        <source>A reply of the cloud for %1 could not be read; nothing was changed.</source>
+        <translation>无法读取云端关于 %1 的回复，未做任何更改。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjDetailsWgt</name>
+    <message>
+        <source>Project details</source>
+        <translation>项目详情</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>Back to the project list</source>
+        <translation>返回项目列表</translation>
+    </message>
+    <message>
+        <source>Missions planned</source>
+        <translation>已规划任务</translation>
+    </message>
+    <message>
+        <source>Flown</source>
+        <translation>已飞行</translation>
+    </message>
+    <message>
+        <source>Downloaded</source>
+        <translation>已下载</translation>
+    </message>
+    <message>
+        <source>Mission</source>
+        <translation>任务</translation>
+    </message>
+    <message>
+        <source>Flight time</source>
+        <translation>飞行时间</translation>
+    </message>
+    <message>
+        <source>Log rows</source>
+        <translation>日志行数</translation>
+    </message>
+    <message>
+        <source>Positions</source>
+        <translation>位置点</translation>
+    </message>
+    <message>
+        <source>Flight data</source>
+        <translation>飞行数据</translation>
+    </message>
+    <message>
+        <source>Downloading...</source>
+        <translation>正在下载……</translation>
+    </message>
+    <message>
+        <source>Complete</source>
+        <translation>完成</translation>
+    </message>
+    <message>
+        <source>Download failed, please re-download</source>
+        <translation>下载失败，请重新下载</translation>
+    </message>
+    <message>
+        <source>Click download</source>
+        <translation>点击下载</translation>
+    </message>
+    <message>
+        <source>Only in the cloud</source>
+        <translation>仅在云端</translation>
+    </message>
+    <message>
+        <source>This project is only in the cloud.</source>
+        <translation>此项目仅在云端。</translation>
+    </message>
+    <message>
+        <source>Reading the missions...</source>
+        <translation>正在读取任务……</translation>
+    </message>
+    <message>
+        <source>No flown mission of this project in the cloud.</source>
+        <translation>此项目在云端没有已飞行的任务。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjFilter</name>
+    <message>
+        <source>City</source>
+        <translation>城市</translation>
+    </message>
+    <message>
+        <source>all</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>日期</translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjMgrController</name>
+    <message>
+        <source>Waiting...</source>
+        <translation>等待中……</translation>
+    </message>
+    <message>
+        <source>Uploading...</source>
+        <translation>正在上传……</translation>
+    </message>
+    <message>
+        <source>Downloading...</source>
+        <translation>正在下载……</translation>
+    </message>
+    <message>
+        <source>Upload Failed</source>
+        <translation>上传失败</translation>
+    </message>
+    <message>
+        <source>Uploading Finished</source>
+        <translation>上传完成</translation>
+    </message>
+    <message>
+        <source>Download Failed</source>
+        <translation>下载失败</translation>
+    </message>
+    <message>
+        <source>Download Finished</source>
+        <translation>下载完成</translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjMgrWgt</name>
+    <message>
+        <source>SkyConsole Project Manager</source>
+        <translation>SkyConsole 项目管理</translation>
+    </message>
+    <message>
+        <source>Project Manager</source>
+        <translation>项目管理</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>分享</translation>
+    </message>
+    <message>
+        <source>Assigned</source>
+        <translation>已分配</translation>
+    </message>
+    <message>
+        <source>Trans List</source>
+        <translation>传输列表</translation>
+    </message>
+    <message>
+        <source>Back to home</source>
+        <translation>返回首页</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Synchronize</source>
+        <translation>同步</translation>
+    </message>
+    <message>
+        <source>Synchronize projects with the cloud</source>
+        <translation>与云端同步项目</translation>
+    </message>
+    <message>
+        <source>Share the selected projects</source>
+        <translation>分享所选项目</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Delete the selected projects</source>
+        <translation>删除所选项目</translation>
+    </message>
+    <message>
+        <source>Search Project</source>
+        <translation>搜索项目</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>搜索</translation>
+    </message>
+    <message>
+        <source>More screening</source>
+        <translation>更多筛选</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>城市</translation>
+    </message>
+    <message>
+        <source>The national</source>
+        <translation>全国</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>日期</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>Flight Log</source>
+        <translation>飞行日志</translation>
+    </message>
+    <message>
+        <source>Create time</source>
+        <translation>创建时间</translation>
+    </message>
+    <message>
+        <source>Total storage space:</source>
+        <translation>总存储空间：</translation>
+    </message>
+    <message>
+        <source>Total Project:</source>
+        <translation>项目总数：</translation>
+    </message>
+    <message>
+        <source>Projects shared with you and by you will be listed here.</source>
+        <translation>您收到和分享的项目将列在这里。</translation>
+    </message>
+    <message>
+        <source>Project Name</source>
+        <translation>项目名称</translation>
+    </message>
+    <message>
+        <source>Assigned by</source>
+        <translation>分配人</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>No project has been assigned to you yet.</source>
+        <translation>尚未有项目分配给您。</translation>
+    </message>
+    <message>
+        <source>Uploading List</source>
+        <translation>上传列表</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>进度</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Downloading List</source>
+        <translation>下载列表</translation>
+    </message>
+    <message>
+        <source>Finished List</source>
+        <translation>完成列表</translation>
+    </message>
+    <message>
+        <source>Read cloud project information</source>
+        <translation>读取云端项目信息</translation>
+    </message>
+    <message>
+        <source>Read local project information</source>
+        <translation>读取本地项目信息</translation>
+    </message>
+    <message>
+        <source>The network is not connected</source>
+        <translation>网络未连接</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete all selected projects?</source>
+        <translation>确定要删除所有选中的项目吗？</translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation>删除项目</translation>
+    </message>
+    <message>
+        <source>Are you sure to delete project %1 ?</source>
+        <translation>确定要删除项目 %1 吗？</translation>
+    </message>
+    <message>
+        <source>The Project delete was successful.</source>
+        <translation>项目删除成功。</translation>
+    </message>
+    <message>
+        <source>The local file delete operation was not successful, the file is in use.</source>
+        <translation>本地文件删除失败，文件正在使用中。</translation>
+    </message>
+    <message>
+        <source>One or more file used by other application.</source>
+        <translation>一个或多个文件正被其他应用程序使用。</translation>
+    </message>
+    <message>
+        <source>The cloud&apos;s answer could not be read. Nothing was deleted.</source>
+        <translation>无法读取云端的回复，未删除任何内容。</translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation>网络故障</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to share all selected projects?</source>
+        <translation>确定要分享所有选中的项目吗？</translation>
+    </message>
+    <message>
+        <source>Can not find project file ,please download project first.</source>
+        <translation>找不到项目文件，请先下载项目。</translation>
+    </message>
+    <message>
+        <source>Download project file failed.Press cancel to use project on sever,press retry to download project again.</source>
+        <translation>下载项目文件失败。按“取消”使用服务器上的项目，按“重试”重新下载项目。</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjTransferTrees</name>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjetMgrDelegate</name>
+    <message>
+        <source>Share</source>
+        <translation>分享</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>详情</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Click download</source>
+        <translation>点击下载</translation>
+    </message>
+    <message>
+        <source>Complete</source>
+        <translation>完成</translation>
+    </message>
+</context>
+<context>
+    <name>CLmRegisterDialog</name>
+    <message>
+        <source>Create a Tolva Cloud account</source>
+        <translation>创建 Tolva 云账号</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>手机号码</translation>
+    </message>
+    <message>
+        <source>Send code</source>
+        <translation>发送验证码</translation>
+    </message>
+    <message>
+        <source>Verification code</source>
+        <translation>验证码</translation>
+    </message>
+    <message>
+        <source>Nick name</source>
+        <translation>昵称</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>密码</translation>
+    </message>
+    <message>
+        <source>Repeat password</source>
+        <translation>重复密码</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <translation>注册</translation>
+    </message>
+    <message>
+        <source>Registration succeeded, please sign in.</source>
+        <translation>注册成功，请登录。</translation>
+    </message>
+    <message>
+        <source>Please enter the phone number.</source>
+        <translation>请输入手机号码。</translation>
+    </message>
+    <message>
+        <source>Please enter the verification code.</source>
+        <translation>请输入验证码。</translation>
+    </message>
+    <message>
+        <source>Please enter a nick name.</source>
+        <translation>请输入昵称。</translation>
+    </message>
+    <message>
+        <source>Please enter a password.</source>
+        <translation>请输入密码。</translation>
+    </message>
+    <message>
+        <source>Please repeat the password.</source>
+        <translation>请再次输入密码。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareDialog</name>
+    <message>
+        <source>Project:</source>
+        <translation>项目：</translation>
+    </message>
+    <message>
+        <source>Receiver:</source>
+        <translation>接收人：</translation>
+    </message>
+    <message>
+        <source>Message:</source>
+        <translation>留言：</translation>
+    </message>
+    <message>
+        <source>A note for the receiver (optional)</source>
+        <translation>给接收人的留言（可选）</translation>
+    </message>
+    <message>
+        <source>Share flight log</source>
+        <translation>分享飞行日志</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>分享</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>手机号码</translation>
+    </message>
+    <message>
+        <source>Share account cannot be empty</source>
+        <translation>分享账号不能为空</translation>
+    </message>
+    <message>
+        <source>Can not share to their own</source>
+        <translation>不能分享给自己</translation>
+    </message>
+    <message>
+        <source>The cloud&apos;s answer could not be read. Please try again.</source>
+        <translation>无法读取云端的回复，请重试。</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation>网络故障</translation>
+    </message>
+    <message>
+        <source>Uploading flight log...</source>
+        <translation>正在上传飞行日志……</translation>
+    </message>
+    <message>
+        <source>Upload flight log Complete.</source>
+        <translation>飞行日志上传完成。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmSystemInfo</name>
+    <message>
+        <source>%1, kernel %2</source>
+        <translation>%1，内核 %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 GB</source>
+        <translation>%1 %2 GB</translation>
+    </message>
+    <message>
+        <source>driver %1</source>
+        <translation>驱动 %1</translation>
+    </message>
+</context>
+<context>
+    <name>CLmUavSettings</name>
+    <message>
+        <source>Flight Setting</source>
+        <translation>飞行设置</translation>
+    </message>
+    <message>
+        <source>Radio lost contact protection time(s)</source>
+        <translation>电台失联保护时间（秒）</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>The plane and radio link interruption over the time, the plane will automatically return.</source>
+        <translation>飞机与电台链路中断超过该时间后，飞机将自动返航。</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>恢复</translation>
+    </message>
+    <message>
+        <source>save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Parameter Name</source>
+        <translation>参数名称</translation>
+    </message>
+    <message>
+        <source>Parameter Type</source>
+        <translation>参数类型</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+    <message>
+        <source>The aircraft did not confirm the protection time.</source>
+        <translation>飞机未确认保护时间。</translation>
+    </message>
+    <message>
+        <source>The aircraft did not confirm %1.</source>
+        <translation>飞机未确认 %1。</translation>
+    </message>
+    <message>
+        <source>%1 parameters read.</source>
+        <translation>已读取 %1 个参数。</translation>
+    </message>
+    <message>
+        <source>%1 parameters did not arrive; Restore reads them again.</source>
+        <translation>%1 个参数未收到；点击“恢复”重新读取。</translation>
+    </message>
+    <message>
+        <source>Lost contact protection time can not be less than 30 seconds</source>
+        <translation>失联保护时间不能少于 30 秒</translation>
+    </message>
+    <message>
+        <source>Parameter set successfully</source>
+        <translation>参数设置成功</translation>
+    </message>
+    <message>
+        <source>Flight setting</source>
+        <translation>飞行设置</translation>
+    </message>
+</context>
+<context>
+    <name>CLmUavSettingsController</name>
+    <message>
+        <source>paramter:</source>
+        <translation>参数：</translation>
+    </message>
+    <message>
+        <source> value is null</source>
+        <translation> 值为空</translation>
+    </message>
+    <message>
+        <source> value is not a %1</source>
+        <translation> 值不是 %1</translation>
+    </message>
+</context>
+<context>
+    <name>CLmUpdateQuery</name>
+    <message>
+        <source>Network fault</source>
+        <translation>网络故障</translation>
+    </message>
+    <message>
+        <source>The update information is incomplete.</source>
+        <translation>更新信息不完整。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmUpgradeDownloadDialog</name>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source>Downloading version %1 ...</source>
+        <translation>正在下载版本 %1 ……</translation>
+    </message>
+    <message>
+        <source>Download File Failed.</source>
+        <translation>文件下载失败。</translation>
+    </message>
+    <message>
+        <source>Download completed.</source>
+        <translation>下载完成。</translation>
+    </message>
+    <message>
+        <source>The installation package has been downloaded and verified. Open its folder to install it?</source>
+        <translation>安装包已下载并通过校验。是否打开其所在文件夹进行安装？</translation>
+    </message>
+</context>
+<context>
+    <name>CLmUserMessagePage</name>
+    <message>
+        <source>Home</source>
+        <translation>首页</translation>
+    </message>
+    <message>
+        <source>Recived Message</source>
+        <translation>收到的消息</translation>
+    </message>
+    <message>
+        <source>Personal information</source>
+        <translation>个人信息</translation>
+    </message>
+    <message>
+        <source>No messages.</source>
+        <translation>没有消息。</translation>
+    </message>
+    <message>
+        <source>Nick name</source>
+        <translation>昵称</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>手机</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>邮箱</translation>
+    </message>
+    <message>
+        <source>Company</source>
+        <translation>公司</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Logout</source>
+        <translation>退出登录</translation>
+    </message>
+    <message>
+        <source>The nick name cannot be empty.</source>
+        <translation>昵称不能为空。</translation>
+    </message>
+    <message>
+        <source>Saved.</source>
+        <translation>已保存。</translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation>网络故障</translation>
+    </message>
+</context>
+<context>
+    <name>LmAlgorthm</name>
+    <message>
+        <source>Fixed-wing</source>
+        <translation>固定翼</translation>
+    </message>
+    <message>
+        <source>Multirotor</source>
+        <translation>多旋翼</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>未知</translation>
+    </message>
+</context>
+<context>
+    <name>LmBatteryInfoWgt</name>
+    <message>
+        <source>Details of the battery</source>
+        <translation>电池详情</translation>
+    </message>
+    <message>
+        <source>Remain(%)</source>
+        <translation>剩余（%）</translation>
+    </message>
+    <message>
+        <source>Total (V)</source>
+        <translation>总电压（V）</translation>
+    </message>
+    <message>
+        <source>Temp ℃</source>
+        <translation>温度 ℃</translation>
+    </message>
+    <message>
+        <source>Current mA</source>
+        <translation>电流 mA</translation>
+    </message>
+    <message>
+        <source>Capacity mAh</source>
+        <translation>容量 mAh</translation>
+    </message>
+    <message>
+        <source>cycles</source>
+        <translation>循环次数</translation>
+    </message>
+    <message>
+        <source>Life expectancy (%)</source>
+        <translation>预期寿命（%）</translation>
+    </message>
+    <message>
+        <source>Serial number:</source>
+        <translation>序列号：</translation>
+    </message>
+    <message>
+        <source>Core voltage (V)</source>
+        <translation>电芯电压（V）</translation>
+    </message>
+    <message>
+        <source>abnormality</source>
+        <translation>异常</translation>
+    </message>
+</context>
+<context>
+    <name>LmPlaneStatusLists</name>
+    <message>
+        <source>GPS Hardware</source>
+        <translation>GPS 硬件</translation>
+    </message>
+    <message>
+        <source>BMS </source>
+        <translation>BMS </translation>
+    </message>
+    <message>
+        <source>Magnetometer 1 Hardware</source>
+        <translation>磁力计 1 硬件</translation>
+    </message>
+    <message>
+        <source>Magnetometer 2 Hardware</source>
+        <translation>磁力计 2 硬件</translation>
+    </message>
+    <message>
+        <source>Cloud Terrace Hardware</source>
+        <translation>云台硬件</translation>
+    </message>
+    <message>
+        <source>ESC 1 Hardware</source>
+        <translation>电调 1 硬件</translation>
+    </message>
+    <message>
+        <source>ESC 2 Hardware</source>
+        <translation>电调 2 硬件</translation>
+    </message>
+    <message>
+        <source>ESC 3 Hardware</source>
+        <translation>电调 3 硬件</translation>
+    </message>
+    <message>
+        <source>ESC 4 Hardware</source>
+        <translation>电调 4 硬件</translation>
+    </message>
+    <message>
+        <source>Ultrasonic Hardware</source>
+        <translation>超声波硬件</translation>
+    </message>
+    <message>
+        <source>Vision Hardware</source>
+        <translation>视觉硬件</translation>
+    </message>
+    <message>
+        <source>CPLD</source>
+        <translation>CPLD</translation>
+    </message>
+    <message>
+        <source>FPGA</source>
+        <translation>FPGA</translation>
+    </message>
+    <message>
+        <source>times</source>
+        <translation>次</translation>
+    </message>
+    <message>
+        <source>Sorties</source>
+        <translation>架次</translation>
+    </message>
+    <message>
+        <source>Batter version</source>
+        <translation>电池版本</translation>
+    </message>
+    <message>
+        <source>Battery self-check failure</source>
+        <translation>电池自检失败</translation>
+    </message>
+    <message>
+        <source>Power is too low</source>
+        <translation>电量过低</translation>
+    </message>
+    <message>
+        <source>Ultra low power</source>
+        <translation>电量极低</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>已连接</translation>
+    </message>
+</context>
+<context>
+    <name>LmUsbDiskText</name>
+    <message>
+        <source>%1 (%2)  %3 free of %4</source>
+        <translation>%1（%2）  可用 %3，共 %4</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Desktop hub for survey-drone crews: cloud projects, aircraft, flight logs, GNSS base stations.
+Deployment data: /etc/skyconsole/deployment.ini, overridden by ~/.config/SkyConsole/deployment.ini and SKYCONSOLE_&lt;GROUP&gt;_&lt;KEY&gt; variables.</source>
+        <translation>测绘无人机团队的桌面中心：云端项目、飞机、飞行日志、GNSS 基站。
+部署数据：/etc/skyconsole/deployment.ini，可由 ~/.config/SkyConsole/deployment.ini 及 SKYCONSOLE_&lt;GROUP&gt;_&lt;KEY&gt; 环境变量覆盖。</translation>
+    </message>
+    <message>
+        <source>Language of the texts: en or zh_CN.</source>
+        <translation>界面语言：en 或 zh_CN。</translation>
+    </message>
+</context>
+</TS>
