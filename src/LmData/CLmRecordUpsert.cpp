@@ -66,6 +66,9 @@ bool CLmRecordUpsert::Write(const QJsonArray& records, int* applied, int* skippe
 {
     if (!m_pStatement)
         return false;
+    // Every batch read is also awaited below, so none outlives this object.
+    if (records.isEmpty())
+        return true;
     QFuture<QVector<Record>> next = QtConcurrent::run([this, records] { return ReadBatch(records, 0); });
     for (int begin = 0; begin < records.size(); begin += kBatchRecords) {
         const QVector<Record> batch = next.result();

@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QUrl>
 
 namespace {
@@ -220,13 +221,15 @@ void CLmNoFlyZoneUpgrade::slotReplyFinished(const QByteArray& reply)
     // parses it too.
     OnWorker(
         [reply](CLmNoflyZoneMgr& manager) {
-            const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
+            // "lift_count" sits beside the envelope's keys.
+            const QJsonObject document = QJsonDocument::fromJson(reply).object();
+            const CLmReplyEnvelope envelope = CLmReplyEnvelope::FromObject(document);
             SUpdateOutcome outcome;
             if (!envelope.IsSuccess() || !envelope.Data().isArray())
                 return outcome;
             const CLmNoflyZoneMgr::SApplyResult applied = manager.ApplyZones(envelope.DataArray());
             outcome.bApplied = applied.bOk;
-            outcome.iLiftCount = QJsonDocument::fromJson(reply).object().value(QStringLiteral("lift_count")).toInt();
+            outcome.iLiftCount = document.value(QStringLiteral("lift_count")).toInt();
             // The cloud grants this account nothing, so no lift stays.
             if (outcome.bApplied && outcome.iLiftCount == 0)
                 manager.RemoveLiftsExcept(QString());
