@@ -252,15 +252,14 @@ void tst_CLmNoFlyZoneUpgrade::zoneFileThatIsNoDatabase()
     QStringList seen;
     ModalAnswer::RunWhenShown(
         "CLmProgressWgt",
-        [&seen, retries](QWidget* dialog) {
+        [&seen, &file, retries](QWidget* dialog) {
             auto* cancel = dialog->findChild<QPushButton*>("m_pBtnCancel");
             for (int attempt = 0; attempt <= retries; ++attempt) {
-                QTRY_VERIFY_WITH_TIMEOUT(cancel->isVisible(), kUpdateTimeoutMs);
+                // The failure of this attempt's file is shown.
+                QTRY_VERIFY_WITH_TIMEOUT(file.RequestCount() == attempt + 1 && cancel->isVisible(), kUpdateTimeoutMs);
                 seen.append(ModalAnswer::VisibleTexts(dialog));
-                if (attempt < retries) {
+                if (attempt < retries)
                     dialog->findChild<QPushButton*>("m_pBtnRetry")->click();
-                    QTRY_VERIFY_WITH_TIMEOUT(!cancel->isVisible(), kUpdateTimeoutMs);
-                }
             }
             cancel->click();
         },
