@@ -6,12 +6,12 @@
 #include <QJsonObject>
 #include <QSqlDatabase>
 #include <QSqlDriver>
-#include <QtConcurrent/QtConcurrentRun>
 
 #include <sqlite3.h>
 
 namespace {
 
+// Records are read out of the JSON a batch at a time, to bound the memory.
 constexpr int kBatchRecords = 4096;
 
 CLmRecordUpsert::SValue Text(const QString& text)
@@ -66,24 +66,15 @@ bool CLmRecordUpsert::Write(const QJsonArray& records, int* applied, int* skippe
 {
     if (!m_pStatement)
         return false;
-    // Every batch read is also awaited below, so none outlives this object.
-    if (records.isEmpty())
-        return true;
-    QFuture<QVector<Record>> next = QtConcurrent::run([this, records] { return ReadBatch(records, 0); });
     for (int begin = 0; begin < records.size(); begin += kBatchRecords) {
-        const QVector<Record> batch = next.result();
-        const int following = begin + kBatchRecords;
-        if (following < records.size())
-            next = QtConcurrent::run([this, records, following] { return ReadBatch(records, following); });
+        const QVector<Record> batch = ReadBatch(records, begin);
         for (const Record& record : batch) {
             if (record.isEmpty()) {
                 ++*skipped;
                 continue;
             }
-            if (!Step(record)) {
-                next.waitForFinished();
+            if (!Step(record))
                 return false;
-            }
             ++*applied;
         }
     }

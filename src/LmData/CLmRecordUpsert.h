@@ -13,8 +13,7 @@ struct sqlite3_stmt;
 // Writes JSON records into one table, replacing the row with the same key,
 // through a prepared statement of the C library: batches of many thousand
 // records would spend more in QtSql's bound values than in SQLite itself.
-// While one batch is written, a pool thread reads the next one out of the
-// JSON. Runs inside the caller's transaction.
+// Runs inside the caller's transaction.
 class CLmRecordUpsert
 {
 public:
