@@ -11,6 +11,7 @@ PACKAGES=(
   libcpp-httplib-dev libssl-dev zlib1g-dev libbrotli-dev
   xvfb xauth x11-apps socat python3-pyftpdlib rtklib
   libgeonames-dev libgeonames0
+  libsodium-dev libsqlite3-dev
   fonts-dejavu-core
   desktop-file-utils appstream dpkg-dev qttranslations5-l10n fonts-noto-cjk
   tzdata

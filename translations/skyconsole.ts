@@ -488,6 +488,17 @@
     </message>
 </context>
 <context>
+    <name>CLmNoFlyZoneUpgrade</name>
+    <message>
+        <source>Downloading NoFlyZone File...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download File Failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CLmNoticeCenter</name>
     <message>
         <source>System Information</source>

@@ -488,6 +488,17 @@
     </message>
 </context>
 <context>
+    <name>CLmNoFlyZoneUpgrade</name>
+    <message>
+        <source>Downloading NoFlyZone File...</source>
+        <translation>正在下载禁飞区文件...</translation>
+    </message>
+    <message>
+        <source>Download File Failed.</source>
+        <translation>文件下载失败。</translation>
+    </message>
+</context>
+<context>
     <name>CLmNoticeCenter</name>
     <message>
         <source>System Information</source>

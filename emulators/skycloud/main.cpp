@@ -8,6 +8,8 @@
 #include "FlightStore.h"
 #include "LogStorageEndpoints.h"
 #include "LogStorageStore.h"
+#include "NoflyZoneEndpoints.h"
+#include "NoflyZoneStore.h"
 #include "ProjectEndpoints.h"
 #include "ProjectStore.h"
 #include "PushChannel.h"
@@ -132,6 +134,9 @@ int main(int argc, char* argv[])
     if (!logStorage.Open(&error))
         return Fail(error);
     FaultReportStore faultReports(parser.value(dataOption));
+    NoflyZoneStore noflyZones(parser.value(dataOption));
+    if (!noflyZones.Open(&error))
+        return Fail(error);
 
     PushChannel channel(store);
     CloudServer server(store, channel, shelf, parser.isSet(exposeCodesOption));
@@ -147,6 +152,7 @@ int main(int argc, char* argv[])
                                [&logStorage](const httplib::Request& req, httplib::Response& res) {
                                    return LogStorageEndpoints::AdmitUploader(logStorage, req, res);
                                });
+    server.AddGroup(std::make_unique<NoflyZoneEndpoints>(store, noflyZones));
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));

@@ -51,6 +51,8 @@ const SDefault kDefaults[] = {
     {"basestation/control_port", "18060", 1, 65535},
     {"basestation/ftp_port", "18061", 1, 65535},
     {"storage/base_url", ""},
+    // The demo key the bundled sibling stand-ins share; a deployment sets its own.
+    {"noflyzone/cipher_key", "5b2f0c9e8a7d46e1b3c4f5a6978d0e1f2a3b4c5d6e7f8091a2b3c4d5e6f70819"},
 };
 
 QString EnvironmentName(const QString& groupKey)

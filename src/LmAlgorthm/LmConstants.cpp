@@ -2,6 +2,8 @@
 
 #include "CLmDeployConfig.h"
 
+#include <QRegularExpression>
+
 
 namespace {
 
@@ -63,4 +65,13 @@ QByteArray GetStorageIP()
 {
     const QString storage = CLmDeployConfig::Instance().Value(QStringLiteral("storage"), QStringLiteral("base_url"));
     return storage.isEmpty() ? GetServerIP() : WithoutTrailingSlash(storage).toUtf8();
+}
+
+QByteArray GetNoflyZoneKey()
+{
+    const QString hex = CLmDeployConfig::Instance().Value(QStringLiteral("noflyzone"), QStringLiteral("cipher_key"));
+    static const QRegularExpression kKeyDigits(QStringLiteral("^[0-9a-fA-F]{64}$"));
+    if (!kKeyDigits.match(hex).hasMatch())
+        return {};
+    return QByteArray::fromHex(hex.toLatin1());
 }

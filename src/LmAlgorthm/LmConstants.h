@@ -21,3 +21,8 @@ QString GetHelpUrl();
 // Base of the cloud storage that keeps uploaded flight logs; without a
 // configured one, the cloud service's own address.
 QByteArray GetStorageIP();
+
+// The 32-byte key that enciphers the published no-fly-zone file, from the
+// 64 hex digits of [noflyzone] cipher_key; empty when the setting is not a
+// key of that length.
+QByteArray GetNoflyZoneKey();

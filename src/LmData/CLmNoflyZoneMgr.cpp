@@ -1,0 +1,233 @@
+#include "CLmNoflyZoneMgr.h"
+
+#include "CLmControl.h"
+#include "CLmDataBase.h"
+#include "CLmRecordUpsert.h"
+#include "LmConstants.h"
+#include "LmDataLog.h"
+#include "LmFileReplace.h"
+#include "LmNoflyCipher.h"
+#include "LmNoflyZoneSchema.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonObject>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTemporaryFile>
+
+#include <sqlite3.h>
+
+using namespace LmNoflyZoneSchema;
+
+namespace {
+
+// An untrusted file gets this long for all its checks together.
+constexpr int kValidationBudgetMs = 20000;
+
+const QStringList kZoneRequired{QLatin1String(ZoneKey), QStringLiteral("updated_at")};
+const QStringList kLiftRequired{QLatin1String(LiftKey)};
+
+int StopPastDeadline(void* deadline)
+{
+    return static_cast<QDeadlineTimer*>(deadline)->hasExpired() ? 1 : 0;
+}
+
+// SQLite calls back every thousand steps and gives up once the deadline
+// passed; no deadline removes the bound.
+void BoundInTime(QSqlDatabase& db, QDeadlineTimer* deadline)
+{
+    if (sqlite3* connection = CLmRecordUpsert::Handle(db))
+        sqlite3_progress_handler(connection, 1000, deadline ? StopPastDeadline : nullptr, deadline);
+}
+
+bool HasSqliteHeader(const QString& filePath)
+{
+    QFile file(filePath);
+    return file.open(QIODevice::ReadOnly) && file.read(16) == QByteArray("SQLite format 3\0", 16);
+}
+
+// Only tables and their indexes: a view, trigger or virtual table in a file
+// from elsewhere could run code of the file's author against ours.
+bool HoldsOnlyPlainTables(CLmDataBase& db)
+{
+    QSqlQuery schema(db.Database());
+    if (!db.Exec(QStringLiteral("SELECT type, sql FROM sqlite_master"), {}, &schema))
+        return false;
+    while (schema.next()) {
+        const QString type = schema.value(0).toString();
+        const QString sql = schema.value(1).toString().simplified();
+        const bool plainTable =
+            type == QLatin1String("table") && !sql.startsWith(QLatin1String("CREATE VIRTUAL"), Qt::CaseInsensitive);
+        if (!plainTable && type != QLatin1String("index"))
+            return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+const QString CLmNoflyZoneMgr::NoRecordsYet = QStringLiteral("1970-01-01 00:00:00");
+
+CLmNoflyZoneMgr::CLmNoflyZoneMgr(const QString& workFilePath)
+    : m_strWorkFilePath(workFilePath.isEmpty()
+                            ? CLmControl::GetInstance()->GetAppDataDirectory() + QStringLiteral("/TmpData/NoflyZone.dat")
+                            : workFilePath)
+{
+}
+
+CLmNoflyZoneMgr::~CLmNoflyZoneMgr()
+{
+    CloseDataBase();
+}
+
+QString CLmNoflyZoneMgr::WorkFilePath() const
+{
+    return m_strWorkFilePath;
+}
+
+QString CLmNoflyZoneMgr::CheckExistNoflyFile()
+{
+    CloseDataBase();
+    if (!QFileInfo::exists(m_strWorkFilePath))
+        return {};
+    if (LmNoflyCipher::IsEnciphered(m_strWorkFilePath)
+        && !DecryptionNoflyFile(m_strWorkFilePath, m_strWorkFilePath))
+        return {};
+    if (!OpenWorkCopy()) {
+        qCWarning(lcNoflyZone) << "the work copy is no zone database; it is fetched anew";
+        return {};
+    }
+    QSqlQuery newest(m_pDataBase->Database());
+    if (!m_pDataBase->Exec(QStringLiteral("select updated_at from %1 order by updated_at desc limit 0, 1")
+                               .arg(QLatin1String(ZoneTable)),
+                           {}, &newest)) {
+        CloseDataBase();
+        return {};
+    }
+    const QString updatedAt = newest.next() ? newest.value(0).toString() : QString();
+    return updatedAt.isEmpty() ? NoRecordsYet : updatedAt;
+}
+
+bool CLmNoflyZoneMgr::SaveNoflyFile(const QByteArray& data)
+{
+    CloseDataBase();
+    const QString folder = QFileInfo(m_strWorkFilePath).absolutePath();
+    QDir().mkpath(folder);
+    QTemporaryFile temp(folder + QStringLiteral("/.XXXXXX.part"));
+    if (!temp.open() || temp.write(data) != data.size() || !temp.flush()) {
+        qCWarning(lcNoflyZone) << "cannot write the downloaded zone file:" << temp.errorString();
+        return false;
+    }
+    temp.close();
+    if (!IsZoneDatabase(temp.fileName())) {
+        qCWarning(lcNoflyZone) << "the downloaded zone file is no zone database; the work copy stays";
+        return false;
+    }
+    {
+        CLmDataBase db(temp.fileName());
+        if (!db.Open() || !CreateTables(db))
+            return false;
+    }
+    if (!LmFileReplace::Replace(temp.fileName(), m_strWorkFilePath))
+        return false;
+    temp.setAutoRemove(false);
+    qCInfo(lcNoflyZone) << "zone file of" << data.size() << "bytes saved";
+    return true;
+}
+
+CLmNoflyZoneMgr::SApplyResult CLmNoflyZoneMgr::ApplyZones(const QJsonArray& records)
+{
+    return Apply(records, ZoneTable, ZoneFields(), kZoneRequired);
+}
+
+CLmNoflyZoneMgr::SApplyResult CLmNoflyZoneMgr::ApplyLifts(const QJsonArray& records)
+{
+    return Apply(records, LiftTable, LiftFields(), kLiftRequired);
+}
+
+CLmNoflyZoneMgr::SApplyResult CLmNoflyZoneMgr::Apply(const QJsonArray& records, const char* table,
+                                                     const QStringList& fields, const QStringList& required)
+{
+    SApplyResult result;
+    if (!OpenWorkCopy() || !m_pDataBase->Database().transaction())
+        return result;
+    CLmRecordUpsert upsert(m_pDataBase->Database(), table, fields, required);
+    if (!upsert.Write(records, &result.iApplied, &result.iSkipped)) {
+        qCWarning(lcNoflyZone) << "cannot store the records of" << table << upsert.Error();
+        m_pDataBase->Database().rollback();
+        return {};
+    }
+    result.bOk = m_pDataBase->Database().commit();
+    qCInfo(lcNoflyZone) << result.iApplied << "records of" << table << "stored";
+    if (result.iSkipped > 0)
+        qCInfo(lcNoflyZone) << result.iSkipped << "records of" << table << "lack a field and were skipped";
+    return result;
+}
+
+bool CLmNoflyZoneMgr::RemoveLiftsExcept(const QString& userId)
+{
+    return OpenWorkCopy()
+           && m_pDataBase->Exec(QStringLiteral("DELETE FROM %1 WHERE COALESCE(?, '') = '' OR CAST(user_id AS TEXT) <> ?")
+                                    .arg(QLatin1String(LiftTable)),
+                                {userId, userId});
+}
+
+void CLmNoflyZoneMgr::CloseDataBase()
+{
+    // Readers of the published file may have no write access beside it, so
+    // the file leaves write-ahead logging behind.
+    if (m_pDataBase)
+        m_pDataBase->Exec(QStringLiteral("PRAGMA journal_mode = DELETE"));
+    m_pDataBase.reset();
+}
+
+bool CLmNoflyZoneMgr::EncryptionNoflyFile(const QString& sourcePath, const QString& targetPath)
+{
+    CloseDataBase();
+    return LmNoflyCipher::Encipher(sourcePath, targetPath, GetNoflyZoneKey());
+}
+
+bool CLmNoflyZoneMgr::DecryptionNoflyFile(const QString& sourcePath, const QString& targetPath)
+{
+    CloseDataBase();
+    return LmNoflyCipher::Decipher(sourcePath, targetPath, GetNoflyZoneKey());
+}
+
+bool CLmNoflyZoneMgr::IsZoneDatabase(const QString& filePath)
+{
+    if (!HasSqliteHeader(filePath))
+        return false;
+    CLmDataBase db(filePath);
+    if (!db.Open(true))
+        return false;
+    QDeadlineTimer deadline(kValidationBudgetMs);
+    BoundInTime(db.Database(), &deadline);
+    const bool ok = db.Exec(QStringLiteral("PRAGMA query_only = ON")) && db.Exec(QStringLiteral("PRAGMA trusted_schema = OFF"))
+                    && db.SelectValue(QStringLiteral("PRAGMA quick_check")).toString() == QLatin1String("ok")
+                    && HoldsOnlyPlainTables(db) && HasFields(db, ZoneTable, ZoneFields())
+                    && (!db.TableExists(QLatin1String(LiftTable)) || HasFields(db, LiftTable, LiftFields()));
+    BoundInTime(db.Database(), nullptr);
+    return ok;
+}
+
+bool CLmNoflyZoneMgr::OpenWorkCopy()
+{
+    if (m_pDataBase && m_pDataBase->IsOpen())
+        return true;
+    if (!QFileInfo::exists(m_strWorkFilePath))
+        return false;
+    m_pDataBase = std::make_unique<CLmDataBase>(m_strWorkFilePath);
+    // An update rewrites most of the file: a write-ahead log and a cache
+    // holding the whole zone table keep that to one pass over the pages.
+    if (m_pDataBase->Open() && m_pDataBase->Exec(QStringLiteral("PRAGMA trusted_schema = OFF"))
+        && m_pDataBase->Exec(QStringLiteral("PRAGMA cache_size = -65536"))
+        && m_pDataBase->Exec(QStringLiteral("PRAGMA journal_mode = WAL"))
+        && m_pDataBase->Exec(QStringLiteral("PRAGMA synchronous = NORMAL"))
+        && CreateTables(*m_pDataBase))
+        return true;
+    m_pDataBase.reset();
+    return false;
+}
