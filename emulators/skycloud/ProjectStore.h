@@ -58,6 +58,15 @@ public:
     Selection Remove(qint64 accountId, const QStringList& projectIds);
     QByteArray FileBytes(const QString& projectId);
 
+    // The account's project of that name, if it has one.
+    std::optional<Project> FindByName(qint64 accountId, const QString& name);
+    // Copies the project file of sourceId (any account's) into the account's
+    // store as project targetId named targetName, owned by the account: the
+    // ids, the name and the owner are rewritten inside the copy. A targetId
+    // the account already has is replaced; one of another account is refused.
+    UploadResult CopyInto(qint64 accountId, const QString& sourceId, const QString& targetId,
+                          const QString& targetName);
+
 private:
     struct ProjectRow
     {
@@ -71,6 +80,8 @@ private:
     QString StoredFileName(const QString& projectId) const;
     static std::optional<ProjectRow> ReadProjectRow(const QString& filePath);
     static int CountTasks(const QString& filePath);
+    static bool RewriteOwner(const QString& filePath, const QString& fromId, const QString& toId,
+                             const QString& name, qint64 accountId);
     static bool StampFile(const QString& filePath, const QString& projectId, qint64 version, const QString& updatedAt);
     static Selection SelectOwnedLocked(CLmDataBase& index, qint64 accountId, const QStringList& projectIds);
     UploadResult StoreLocked(qint64 accountId, const QString& tempPath);
