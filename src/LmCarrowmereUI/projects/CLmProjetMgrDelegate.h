@@ -1,19 +1,15 @@
 #pragma once
 
 #include <QHash>
-#include <QPoint>
-#include <QStyledItemDelegate>
 
+#include "CLmRowButtonDelegate.h"
 #include "LmProjRowLayout.h"
-
-class QAbstractItemView;
-class QMouseEvent;
 
 // Draws the project manager's rows and makes their painted parts clickable:
 // the check box of the project column, the flight-log state word and the row
 // buttons, which sit right-aligned in the create-time column after the time.
 // Signals carry the index of the row's first column, where its data lives.
-class CLmProjetMgrDelegate : public QStyledItemDelegate
+class CLmProjetMgrDelegate : public CLmRowButtonDelegate
 {
     Q_OBJECT
 public:
@@ -51,6 +47,9 @@ public Q_SLOTS:
     void slotUpdateStateBtn(int nState, QString strKey);
     void slotAllChecked(Qt::CheckState state);
 
+protected:
+    QVector<SButton> RowButtons(const QModelIndex& index) const override;
+
 private:
     struct SFlightLog
     {
@@ -66,7 +65,6 @@ private:
     };
 
     QStyleOptionViewItem RowOption(const QStyleOptionViewItem& option, const QModelIndex& index) const;
-    QVector<LmProjRowLayout::EButton> RowButtons(const QModelIndex& index) const;
     SFlightLogLayout FlightLogLayout(const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
 
     void PaintProjectCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const;
@@ -74,14 +72,8 @@ private:
                             const QModelIndex& index) const;
     void PaintTimeCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
 
-    void ShowButtonToolTip(const QMouseEvent* pEvent, const QStyleOptionViewItem& option, const QModelIndex& index);
     bool HandleRelease(const QPoint& pos, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
                        const QModelIndex& index);
-    void RepaintRow(const QRect& cell) const;
-
-    QAbstractItemView* m_pView;
-    // Viewport position of the last mouse move, for the hover images.
-    QPoint m_ptMouse;
     // Synchronisation state and flight log by project id.
     QHash<QString, int> m_mapStateBtn;
     QHash<QString, SFlightLog> m_mapStateTxt;
