@@ -6,9 +6,11 @@
 #include "LmShareRoles.h"
 
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QToolTip>
 
 using namespace LmProjRowLayout;
 using namespace LmProjRowPainting;
@@ -120,6 +122,16 @@ bool CLmReceiveShareManagerDelegate::editorEvent(QEvent* pEvent, QAbstractItemMo
     default:
         return false;
     }
+}
+
+bool CLmReceiveShareManagerDelegate::helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView,
+                                               const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    if (index.column() != ColumnMessage)
+        return QStyledItemDelegate::helpEvent(pEvent, pView, option, index);
+    const auto messages = RowIndex(index).data(LmShareRole::Messages).value<Controller::MessageList>();
+    QToolTip::showText(pEvent->globalPos(), Controller::MessageHistory(messages), pView->viewport());
+    return true;
 }
 
 bool CLmReceiveShareManagerDelegate::HandleRelease(const QPoint& pos, QAbstractItemModel* pModel,

@@ -29,6 +29,9 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     bool editorEvent(QEvent* pEvent, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
                      const QModelIndex& index) override;
+    // The message column's tool tip is the row's whole conversation.
+    bool helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
 
     // The accept and refuse images of a waiting received row, side by side in
     // the middle of the state cell.

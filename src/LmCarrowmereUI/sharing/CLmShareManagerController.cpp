@@ -6,14 +6,80 @@
 #include "LmCloudPaths.h"
 #include "LmCloudRequest.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
+
+#include <rapidjson/document.h>
 
 namespace {
 
 QString IdText(qint64 nId)
 {
     return QString::number(nId);
+}
+
+// A list reply may hold thousands of records: it is read with RapidJSON,
+// several times faster than QJsonDocument for documents of that size.
+QString Text(const rapidjson::Value& object, const char* key)
+{
+    const auto found = object.FindMember(key);
+    if (found == object.MemberEnd() || !found->value.IsString())
+        return QString();
+    return QString::fromUtf8(found->value.GetString(), static_cast<int>(found->value.GetStringLength()));
+}
+
+qint64 Number(const rapidjson::Value& object, const char* key)
+{
+    const auto found = object.FindMember(key);
+    if (found == object.MemberEnd())
+        return 0;
+    if (found->value.IsInt64())
+        return found->value.GetInt64();
+    return found->value.IsNumber() ? static_cast<qint64>(found->value.GetDouble()) : 0;
+}
+
+const rapidjson::Value* Member(const rapidjson::Value& object, const char* key)
+{
+    const auto found = object.FindMember(key);
+    return found == object.MemberEnd() ? nullptr : &found->value;
+}
+
+using Controller = CLmShareManagerController;
+using Row = CLmShareManagerController::SShareRow;
+
+Row RowOf(const rapidjson::Value& record, Controller::EKind kind)
+{
+    Row row;
+    row.nId = Number(record, "id");
+    row.eKind = kind;
+    row.strProject = Text(record, "project_name");
+    row.strProjectId = Text(record, "project_id");
+    row.strTaskId = Text(record, "task_id");
+    row.strPeer = Text(record, "nickname");
+    row.strTime = Text(record, "updated_at");
+    row.nState = static_cast<int>(Number(record, "status"));
+    row.nSaveAs = static_cast<int>(Number(record, "save_as"));
+    row.nSenderId = Number(record, "share_from_user_id");
+    const rapidjson::Value* messages = Member(record, "messages");
+    if (messages && messages->IsArray()) {
+        for (const rapidjson::Value& message : messages->GetArray()) {
+            if (message.IsObject())
+                row.vecMessages.append({Number(message, "user_id"), Text(message, "info"), Text(message, "created_at")});
+        }
+    }
+    return row;
+}
+
+QVector<Row> RowsOf(const rapidjson::Value& records, bool bReceived)
+{
+    QVector<Row> rows;
+    rows.reserve(static_cast<int>(records.Size()));
+    for (const rapidjson::Value& record : records.GetArray()) {
+        if (!record.IsObject())
+            continue;
+        const bool bTask = Text(record, "kind") == QLatin1String("task");
+        rows.append(RowOf(record, !bReceived ? Controller::KindSent : bTask ? Controller::KindReceivedTask : Controller::KindReceived));
+    }
+    return rows;
 }
 
 }  // namespace
@@ -25,50 +91,34 @@ CLmShareManagerController::CLmShareManagerController(QObject* parent)
 
 bool CLmShareManagerController::ReadList(const QByteArray& reply)
 {
-    const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
-    const QJsonObject data = envelope.DataObject();
-    if (!envelope.IsSuccess() || !data.value(QStringLiteral("received")).isArray()
-        || !data.value(QStringLiteral("sent")).isArray())
+    rapidjson::Document document;
+    document.Parse(reply.constData(), static_cast<size_t>(reply.size()));
+    if (document.HasParseError() || !document.IsObject())
         return false;
-    QVector<SShareRow> received;
-    for (const QJsonValue& record : data.value(QStringLiteral("received")).toArray()) {
-        const bool bTask = record.toObject().value(QStringLiteral("kind")).toString() == QLatin1String("task");
-        received.append(RowOf(record.toObject(), bTask ? KindReceivedTask : KindReceived));
-    }
-    QVector<SShareRow> sent;
-    for (const QJsonValue& record : data.value(QStringLiteral("sent")).toArray())
-        sent.append(RowOf(record.toObject(), KindSent));
+    const rapidjson::Value* status = Member(document, "status");
+    const rapidjson::Value* data = Member(document, "data");
+    if (!status || !status->IsInt() || status->GetInt() != 0 || !data || !data->IsObject())
+        return false;
+    const rapidjson::Value* received = Member(*data, "received");
+    const rapidjson::Value* sent = Member(*data, "sent");
+    if (!received || !received->IsArray() || !sent || !sent->IsArray())
+        return false;
+    QVector<SShareRow> receivedRows = RowsOf(*received, true);
+    QVector<SShareRow> sentRows = RowsOf(*sent, false);
 
-    QList<qint64> waiting;
+    QSet<qint64> waiting;
     m_nNewWaiting = 0;
-    for (const SShareRow& row : qAsConst(received)) {
+    for (const SShareRow& row : qAsConst(receivedRows)) {
         if (row.nState != StateWaiting)
             continue;
-        waiting.append(row.nId);
-        if (!m_listSeenWaiting.contains(row.nId))
+        waiting.insert(row.nId);
+        if (!m_setSeenWaiting.contains(row.nId))
             ++m_nNewWaiting;
     }
-    m_listSeenWaiting = waiting;
-    m_vecReceived = std::move(received);
-    m_vecSent = std::move(sent);
+    m_setSeenWaiting = waiting;
+    m_vecReceived = std::move(receivedRows);
+    m_vecSent = std::move(sentRows);
     return true;
-}
-
-CLmShareManagerController::SShareRow CLmShareManagerController::RowOf(const QJsonObject& record, EKind kind)
-{
-    SShareRow row;
-    row.nId = record.value(QStringLiteral("id")).toVariant().toLongLong();
-    row.eKind = kind;
-    row.strProject = record.value(QStringLiteral("project_name")).toString();
-    row.strProjectId = record.value(QStringLiteral("project_id")).toString();
-    row.strTaskId = record.value(QStringLiteral("task_id")).toString();
-    row.strPeer = record.value(QStringLiteral("nickname")).toString();
-    row.strTime = record.value(QStringLiteral("updated_at")).toString();
-    row.nState = record.value(QStringLiteral("status")).toInt();
-    row.nSaveAs = record.value(QStringLiteral("save_as")).toInt();
-    row.nSenderId = record.value(QStringLiteral("share_from_user_id")).toVariant().toLongLong();
-    row.listMessages = record.value(QStringLiteral("messages")).toArray().toVariantList();
-    return row;
 }
 
 const QVector<CLmShareManagerController::SShareRow>& CLmShareManagerController::Received() const
@@ -101,7 +151,7 @@ void CLmShareManagerController::Clear()
 {
     m_vecReceived.clear();
     m_vecSent.clear();
-    m_listSeenWaiting.clear();
+    m_setSeenWaiting.clear();
     m_nNewWaiting = 0;
 }
 
@@ -146,8 +196,15 @@ QString CLmShareManagerController::StateText(int nState)
 
 QString CLmShareManagerController::LatestMessage(const SShareRow& row)
 {
-    return row.listMessages.isEmpty() ? QString()
-                                      : row.listMessages.last().toMap().value(QStringLiteral("info")).toString();
+    return row.vecMessages.isEmpty() ? QString() : row.vecMessages.last().strInfo;
+}
+
+QString CLmShareManagerController::MessageHistory(const MessageList& messages)
+{
+    QStringList lines;
+    for (const SMessage& message : messages)
+        lines.append(message.strTime + QStringLiteral("  ") + message.strInfo);
+    return lines.join(QLatin1Char('\n'));
 }
 
 CLmShareManagerController::ENameCheck CLmShareManagerController::CheckName(const QString& name)

@@ -3,12 +3,12 @@
 #include <QByteArray>
 #include <QList>
 #include <QObject>
+#include <QMetaType>
+#include <QSet>
 #include <QString>
-#include <QVariantList>
 #include <QVector>
 
 class CLmNetWorkRequest;
-class QJsonObject;
 
 // The share manager without its widgets: reads the "/share/list" reply into
 // rows, builds the requests of every action on them and reads their replies.
@@ -27,6 +27,14 @@ public:
     enum EAcceptType { AcceptKeepName = 0, AcceptReplace = 1, AcceptSaveAs = 2 };
     enum ENameCheck { NameOk, NameEmpty, NameForbidden };
 
+    struct SMessage
+    {
+        qint64 nUserId = 0;
+        QString strInfo;
+        QString strTime;
+    };
+    using MessageList = QVector<SMessage>;
+
     struct SShareRow
     {
         qint64 nId = 0;
@@ -39,7 +47,7 @@ public:
         int nState = StateWaiting;
         int nSaveAs = 0;
         qint64 nSenderId = 0;
-        QVariantList listMessages;  // maps "user_id", "info", "created_at", oldest first
+        MessageList vecMessages;  // oldest first
     };
 
     // What an accept reply says.
@@ -69,6 +77,8 @@ public:
     static QString KindName(EKind kind);
     static QString StateText(int nState);
     static QString LatestMessage(const SShareRow& row);
+    // Every message, one a line: "created_at  info".
+    static QString MessageHistory(const MessageList& messages);
 
     static ENameCheck CheckName(const QString& name);
     static QString ForbiddenCharacters();
@@ -83,10 +93,11 @@ public:
     static CLmNetWorkRequest* NewShareAgainRequest(const SShareRow& row);
 
 private:
-    static SShareRow RowOf(const QJsonObject& record, EKind kind);
 
     QVector<SShareRow> m_vecReceived;
     QVector<SShareRow> m_vecSent;
-    QList<qint64> m_listSeenWaiting;
+    QSet<qint64> m_setSeenWaiting;
     int m_nNewWaiting = 0;
 };
+
+Q_DECLARE_METATYPE(CLmShareManagerController::MessageList)

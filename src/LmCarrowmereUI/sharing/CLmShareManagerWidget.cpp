@@ -8,6 +8,7 @@
 #include "CLmReplyEnvelope.h"
 #include "CLmReceiveShareManagerDelegate.h"
 #include "CLmSessionStore.h"
+#include "CLmShareItem.h"
 #include "CLmShareMessageDialog.h"
 #include "CLmShareNameDialog.h"
 #include "LmCarrowmereUILog.h"
@@ -29,17 +30,6 @@ constexpr char IconDone[] = ":/images/Normal/Home/HomeFile_share_ok_ic.png";
 constexpr int ShareIdKey = 1;
 
 const int ColumnWidths[] = {260, 150, 170, 110, 130, 200};
-
-QString MessagesToolTip(const QVariantList& messages)
-{
-    QStringList lines;
-    for (const QVariant& message : messages) {
-        const QVariantMap fields = message.toMap();
-        lines.append(fields.value(QStringLiteral("created_at")).toString() + QStringLiteral("  ")
-                     + fields.value(QStringLiteral("info")).toString());
-    }
-    return lines.join(QLatin1Char('\n'));
-}
 
 }  // namespace
 
@@ -167,36 +157,13 @@ void CLmShareManagerWidget::FillTree()
     QList<QTreeWidgetItem*> items;
     items.reserve(rows.size());
     for (const Controller::SShareRow& row : rows)
-        items.append(NewItem(row));
+        items.append(new CLmShareItem(row));
     tree->setUpdatesEnabled(false);
     tree->clear();
     tree->addTopLevelItems(items);
     tree->setUpdatesEnabled(true);
     m_pDelegate->slotResetBtn();
     UpdateHeaderCheckState();
-}
-
-QTreeWidgetItem* CLmShareManagerWidget::NewItem(const Controller::SShareRow& row) const
-{
-    auto* item = new QTreeWidgetItem;
-    item->setText(Delegate::ColumnProject, row.strProject);
-    item->setText(Delegate::ColumnPeer, row.strPeer);
-    item->setText(Delegate::ColumnTime, row.strTime);
-    item->setText(Delegate::ColumnState, Controller::StateText(row.nState));
-    item->setText(Delegate::ColumnMessage, Controller::LatestMessage(row));
-    item->setToolTip(Delegate::ColumnMessage, MessagesToolTip(row.listMessages));
-    for (int column = Delegate::ColumnPeer; column <= Delegate::ColumnOperation; ++column)
-        item->setTextAlignment(column, Qt::AlignCenter);
-    item->setCheckState(Delegate::ColumnProject, Qt::Unchecked);
-    item->setData(Delegate::ColumnProject, LmShareRole::ShareId, row.nId);
-    item->setData(Delegate::ColumnProject, LmShareRole::Kind, Controller::KindName(row.eKind));
-    item->setData(Delegate::ColumnProject, LmShareRole::Messages, row.listMessages);
-    item->setData(Delegate::ColumnProject, LmShareRole::State, row.nState);
-    item->setData(Delegate::ColumnProject, LmShareRole::SaveAs, row.nSaveAs);
-    item->setData(Delegate::ColumnProject, LmShareRole::SenderId, row.nSenderId);
-    item->setData(Delegate::ColumnProject, LmShareRole::ProjectId, row.strProjectId);
-    item->setData(Delegate::ColumnProject, LmShareRole::TaskId, row.strTaskId);
-    return item;
 }
 
 const Controller::SShareRow* CLmShareManagerWidget::RowAt(const QModelIndex& index) const
@@ -425,7 +392,7 @@ void CLmShareManagerWidget::slotMessageBtnClicked(const QModelIndex& index)
     if (!row)
         return;
     const qint64 nId = row->nId;
-    CLmShareMessageDialog dialog(row->strProject, row->listMessages, GetCurUserInfo().strUserID.toLongLong(), this);
+    CLmShareMessageDialog dialog(row->strProject, row->vecMessages, GetCurUserInfo().strUserID.toLongLong(), this);
     if (dialog.exec() == QDialog::Accepted)
         slotReplyMessage(static_cast<int>(nId), dialog.Text());
 }

@@ -11,7 +11,6 @@
 class CLmNetWorkRequest;
 class CLmProjetMgrHeaderView;
 class CLmReceiveShareManagerDelegate;
-class QTreeWidgetItem;
 
 namespace Ui {
 class CLmShareManagerWidget;
@@ -79,7 +78,6 @@ protected:
 private:
     void SetUpTree();
     void FillTree();
-    QTreeWidgetItem* NewItem(const CLmShareManagerController::SShareRow& row) const;
     const CLmShareManagerController::SShareRow* RowAt(const QModelIndex& index) const;
     QList<qint64> CheckedIds() const;
     void UpdateHeaderCheckState();

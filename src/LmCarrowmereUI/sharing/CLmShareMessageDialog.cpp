@@ -7,8 +7,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-CLmShareMessageDialog::CLmShareMessageDialog(const QString& strProject, const QVariantList& listMessages,
-                                             qint64 nOwnUserId, QWidget* parent)
+CLmShareMessageDialog::CLmShareMessageDialog(const QString& strProject,
+                                             const CLmShareManagerController::MessageList& messages, qint64 nOwnUserId,
+                                             QWidget* parent)
     : CLmBaseDialog(parent)
     , m_pEditAnswer(new QPlainTextEdit)
 {
@@ -16,12 +17,10 @@ CLmShareMessageDialog::CLmShareMessageDialog(const QString& strProject, const QV
     SetTitle(tr("Message"));
     auto* history = new QListWidget;
     history->setObjectName(QStringLiteral("m_pListMessages"));
-    for (const QVariant& message : listMessages) {
-        const QVariantMap fields = message.toMap();
-        const bool bOwn = fields.value(QStringLiteral("user_id")).toLongLong() == nOwnUserId;
+    for (const CLmShareManagerController::SMessage& message : messages) {
         history->addItem(QStringLiteral("%1  %2\n%3")
-                             .arg(bOwn ? tr("Me") : tr("Them"), fields.value(QStringLiteral("created_at")).toString(),
-                                  fields.value(QStringLiteral("info")).toString()));
+                             .arg(message.nUserId == nOwnUserId ? tr("Me") : tr("Them"), message.strTime,
+                                  message.strInfo));
     }
     history->scrollToBottom();
     m_pEditAnswer->setObjectName(QStringLiteral("m_pEditAnswer"));

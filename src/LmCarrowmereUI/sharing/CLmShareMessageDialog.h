@@ -2,7 +2,7 @@
 
 #include "CLmBaseDialog.h"
 
-#include <QVariantList>
+#include "CLmShareManagerController.h"
 
 class QPlainTextEdit;
 
@@ -12,9 +12,9 @@ class CLmShareMessageDialog : public CLmBaseDialog
 {
     Q_OBJECT
 public:
-    // listMessages as the share list gives them ("user_id", "info",
-    // "created_at"); nOwnUserId tells the user's own messages.
-    CLmShareMessageDialog(const QString& strProject, const QVariantList& listMessages, qint64 nOwnUserId,
+    // nOwnUserId tells the user's own messages.
+    CLmShareMessageDialog(const QString& strProject, const CLmShareManagerController::MessageList& messages,
+                          qint64 nOwnUserId,
                           QWidget* parent = nullptr);
 
     QString Text() const;

@@ -5,7 +5,7 @@ namespace LmShareRole {
 
 // Share id (qint64); the key of the delegate's state map.
 constexpr int ShareId = 2256;
-// The messages of both sides (QVariantList of QVariantMap "user_id", "info", "created_at").
+// The messages of both sides (CLmShareManagerController::MessageList).
 constexpr int Messages = 3259;
 // Row kind: "RecivedItem", "RecivedTaskItem" or "SharedItem".
 constexpr int Kind = 3260;
