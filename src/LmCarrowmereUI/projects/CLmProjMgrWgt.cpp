@@ -655,6 +655,8 @@ void CLmProjMgrWgt::slotFillAssigned()
             continue;
         auto* item = new QTreeWidgetItem(tree, {row.strProject, row.strPeer, row.strTime});
         item->setToolTip(0, CLmShareManagerController::LatestMessage(row));
+        item->setTextAlignment(1, Qt::AlignCenter);
+        item->setTextAlignment(2, Qt::AlignCenter);
     }
     m_pUi->m_pLabelAssignedPlaceholder->setVisible(tree->topLevelItemCount() == 0);
 }

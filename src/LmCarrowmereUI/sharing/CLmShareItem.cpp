@@ -3,6 +3,8 @@
 #include "CLmReceiveShareManagerDelegate.h"
 #include "LmShareRoles.h"
 
+#include <QCoreApplication>
+
 using Controller = CLmShareManagerController;
 using Delegate = CLmReceiveShareManagerDelegate;
 
@@ -49,7 +51,9 @@ QString CLmShareItem::Text(int column) const
 {
     switch (column) {
     case Delegate::ColumnProject:
-        return m_row.strProject;
+        return m_row.eKind == Controller::KindReceivedTask
+                   ? QCoreApplication::translate("CLmShareItem", "%1 (flight task)").arg(m_row.strProject)
+                   : m_row.strProject;
     case Delegate::ColumnPeer:
         return m_row.strPeer;
     case Delegate::ColumnTime:
