@@ -5,7 +5,6 @@
 #include "FormFields.h"
 #include "ProjectStore.h"
 
-#include <QJsonDocument>
 #include <QUuid>
 
 namespace {
@@ -183,8 +182,5 @@ QString ShareActions::ForbiddenNameCharacters()
 void ShareActions::WriteState(httplib::Response& res, int httpStatus, int state, const QString& message,
                               const QJsonObject& data)
 {
-    const QJsonObject reply{{"state", state}, {"message", message}, {"data", data}};
-    res.status = httpStatus;
-    res.set_content(QJsonDocument(reply).toJson(QJsonDocument::Compact).toStdString(),
-                    "application/json; charset=utf-8");
+    Envelope::WriteUnder(res, "state", httpStatus, state, message, data);
 }

@@ -25,6 +25,9 @@ void ShareEndpoints::Register(httplib::Server& server)
     Route(server, "/share/delete", this, &ShareEndpoints::Delete);
     Route(server, "/share/reply", this, &ShareEndpoints::Reply);
     Route(server, "/share/shareagain", this, &ShareEndpoints::ShareAgain);
+    Route(server, "/task/assign", this, &ShareEndpoints::Assign);
+    Route(server, "/task/acceptAssign", this, &ShareEndpoints::AcceptAssign);
+    Route(server, "/task/reply", this, &ShareEndpoints::TaskReply);
 }
 
 void ShareEndpoints::Share(const httplib::Request& req, httplib::Response& res)
@@ -44,8 +47,13 @@ void ShareEndpoints::Share(const httplib::Request& req, httplib::Response& res)
         Envelope::Fail(res, selection.httpStatus, selection.error);
         return;
     }
-    const ShareStore::NewShares shares{*sender, *receiver, fields.Value("message"), selection.projects,
-                                       QLatin1String(ShareStore::KindShare), QString()};
+    StoreAndNotify({*sender, *receiver, fields.Value("message"), selection.projects,
+                    QLatin1String(ShareStore::KindShare), QString()},
+                   res);
+}
+
+void ShareEndpoints::StoreAndNotify(const ShareStore::NewShares& shares, httplib::Response& res)
+{
     const std::optional<QJsonArray> records = m_shares.Add(shares);
     if (!records) {
         Envelope::Fail(res, 500, QStringLiteral("Cannot store the share"));
@@ -158,13 +166,49 @@ void ShareEndpoints::ShareAgain(const httplib::Request& req, httplib::Response& 
         return;
     }
     const QString message = fields.Optional("message").value_or(record->value(QStringLiteral("message")).toString());
-    const ShareStore::NewShares shares{*sender, *receiver, message, selection.projects,
-                                       QLatin1String(ShareStore::KindShare), QString()};
-    const std::optional<QJsonArray> records = m_shares.Add(shares);
-    if (!records) {
-        Envelope::Fail(res, 500, QStringLiteral("Cannot store the share"));
+    StoreAndNotify({*sender, *receiver, message, selection.projects, QLatin1String(ShareStore::KindShare), QString()},
+                   res);
+}
+
+void ShareEndpoints::Assign(const httplib::Request& req, httplib::Response& res)
+{
+    const std::optional<Account> sender = m_guard.RequireAccount(req, res);
+    const FormFields fields(req);
+    if (!sender || !fields.RequireAll({"project_id", "task_id", "phone"}, res))
+        return;
+    const std::optional<Account> receiver = m_store.AccountByPhone(fields.Value("phone").trimmed());
+    if (!receiver || receiver->id == sender->id) {
+        Envelope::Fail(res, 400,
+                       receiver ? QStringLiteral("You cannot assign a task to your own account")
+                                : QStringLiteral("The account does not exist"));
         return;
     }
-    NotifyReceiver(shares, *records);
-    Envelope::Ok(res, *records, QStringLiteral("Share success"));
+    const ProjectStore::Selection selection = m_projects.SelectOwned(sender->id, {fields.Value("project_id")});
+    if (!selection.error.isEmpty()) {
+        Envelope::Fail(res, selection.httpStatus, selection.error);
+        return;
+    }
+    const ShareStore::NewShares task{*sender, *receiver, fields.Value("message"), selection.projects,
+                                     QLatin1String(ShareStore::KindTask), fields.Value("task_id")};
+    const std::optional<QJsonArray> records = m_shares.Add(task);
+    if (!records) {
+        Envelope::Fail(res, 500, QStringLiteral("Cannot store the assignment"));
+        return;
+    }
+    const QString message = QStringLiteral("%1 assigned you a flight task of %2")
+                                .arg(sender->nickName, selection.projects.first().name);
+    m_notifier.Notify(receiver->id, {QStringLiteral("pc_assign"), message, QJsonObject{{"shares", *records}}});
+    Envelope::Ok(res, records->first(), QStringLiteral("Assign success"));
+}
+
+void ShareEndpoints::AcceptAssign(const httplib::Request& req, httplib::Response& res)
+{
+    if (const std::optional<Account> account = m_guard.RequireAccount(req, res))
+        m_actions.Accept(*account, FormFields(req), ShareStore::KindTask, res);
+}
+
+void ShareEndpoints::TaskReply(const httplib::Request& req, httplib::Response& res)
+{
+    if (const std::optional<Account> account = m_guard.RequireAccount(req, res))
+        m_actions.Reply(*account, FormFields(req), ShareStore::KindTask, res);
 }

@@ -11,7 +11,6 @@
 #include "ShareEndpoints.h"
 #include "ShareStore.h"
 #include "SignalWatcher.h"
-#include "TaskEndpoints.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -117,7 +116,6 @@ int main(int argc, char* argv[])
     server.AddGroup(std::make_unique<ProjectEndpoints>(store, projects));
     server.AddGroup(std::make_unique<FlightEndpoints>(store, flights));
     server.AddGroup(std::make_unique<ShareEndpoints>(store, projects, shares, channel));
-    server.AddGroup(std::make_unique<TaskEndpoints>(store, projects, shares, channel));
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));

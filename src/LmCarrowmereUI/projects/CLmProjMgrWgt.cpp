@@ -482,14 +482,8 @@ void CLmProjMgrWgt::slotProjItemChecked(const QModelIndex& index)
 
 void CLmProjMgrWgt::UpdateHeaderCheckState()
 {
-    const int checked = m_controller.CheckedCount();
-    const int rows = m_controller.ProjectCount();
-    Qt::CheckState state = Qt::PartiallyChecked;
-    if (checked == 0)
-        state = Qt::Unchecked;
-    else if (checked == rows)
-        state = Qt::Checked;
-    Q_EMIT signalCheckStateChanged(state);
+    Q_EMIT signalCheckStateChanged(
+        CLmProjetMgrHeaderView::StateFor(m_controller.CheckedCount(), m_controller.ProjectCount()));
 }
 
 // ---- actions ---------------------------------------------------------------------

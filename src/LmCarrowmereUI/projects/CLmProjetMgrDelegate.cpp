@@ -36,9 +36,6 @@ const SButtonLook ButtonLooks[] = {
 const QColor LinkColor(0x2f, 0x80, 0xed);
 const QColor CompleteColor(0x43, 0xa0, 0x47);
 
-// Rows are tall enough for the buttons with 8 px above and below.
-constexpr int MinRowHeight = ButtonHeight + 16;
-
 QString RowId(const QModelIndex& index)
 {
     return index.siblingAtColumn(CLmProjetMgrItem::ColumnProject).data(LmProjMgrRole::ProjectId).toString();
@@ -51,17 +48,12 @@ CLmProjetMgrDelegate::CLmProjetMgrDelegate(QAbstractItemView* pView)
 {
 }
 
-void CLmProjetMgrDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
-                                 const QModelIndex& index) const
+void CLmProjetMgrDelegate::PaintCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
+                                     const QModelIndex& index) const
 {
-    const QStyleOptionViewItem rowOption = RowOption(option, index);
-    DrawItemBackground(pPainter, rowOption);
-    pPainter->save();
-    pPainter->setFont(rowOption.font);
-    pPainter->setPen(TextColor(rowOption));
     switch (index.column()) {
     case CLmProjetMgrItem::ColumnProject:
-        PaintProjectCell(pPainter, rowOption);
+        PaintCheckCell(pPainter, rowOption);
         break;
     case CLmProjetMgrItem::ColumnFlightLog:
         PaintFlightLogCell(pPainter, rowOption, index);
@@ -73,30 +65,6 @@ void CLmProjetMgrDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem&
         DrawItemText(pPainter, rowOption.rect.adjusted(TextPadding, 0, -TextPadding, 0), rowOption.text,
                      Qt::AlignLeft | Qt::AlignVCenter);
         break;
-    }
-    pPainter->restore();
-}
-
-QSize CLmProjetMgrDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
-{
-    QSize size = QStyledItemDelegate::sizeHint(option, index);
-    size.setHeight(qMax(size.height(), MinRowHeight));
-    return size;
-}
-
-bool CLmProjetMgrDelegate::editorEvent(QEvent* pEvent, QAbstractItemModel* pModel,
-                                       const QStyleOptionViewItem& option, const QModelIndex& index)
-{
-    switch (pEvent->type()) {
-    case QEvent::MouseMove:
-        TrackMouse(static_cast<QMouseEvent*>(pEvent), option, index);
-        return false;
-    case QEvent::MouseButtonRelease: {
-        const auto* pMouse = static_cast<QMouseEvent*>(pEvent);
-        return pMouse->button() == Qt::LeftButton && HandleRelease(pMouse->pos(), pModel, option, index);
-    }
-    default:
-        return false;
     }
 }
 
@@ -126,15 +94,6 @@ void CLmProjetMgrDelegate::slotAllChecked(Qt::CheckState state)
         pModel->setData(pModel->index(iRow, CLmProjetMgrItem::ColumnProject), state, Qt::CheckStateRole);
 }
 
-QStyleOptionViewItem CLmProjetMgrDelegate::RowOption(const QStyleOptionViewItem& option,
-                                                     const QModelIndex& index) const
-{
-    QStyleOptionViewItem rowOption(option);
-    initStyleOption(&rowOption, index);
-    rowOption.font = RowFont(rowOption.font);
-    return rowOption;
-}
-
 QVector<CLmRowButtonDelegate::SButton> CLmProjetMgrDelegate::RowButtons(const QModelIndex& index) const
 {
     QVector<SButton> buttons;
@@ -158,12 +117,6 @@ CLmProjetMgrDelegate::SFlightLogLayout CLmProjetMgrDelegate::FlightLogLayout(con
         layout.strWord = tr("Complete");
     layout.rects = FlightLogRects(rowOption.rect, QFontMetrics(rowOption.font), layout.strCount, layout.strWord);
     return layout;
-}
-
-void CLmProjetMgrDelegate::PaintProjectCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const
-{
-    DrawCheckBox(pPainter, rowOption.rect, rowOption.checkState == Qt::Checked);
-    DrawItemText(pPainter, TextAfterCheckBox(rowOption.rect), rowOption.text, Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void CLmProjetMgrDelegate::PaintFlightLogCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
@@ -197,14 +150,8 @@ bool CLmProjetMgrDelegate::HandleRelease(const QPoint& pos, QAbstractItemModel* 
 {
     const QModelIndex rowIndex = index.siblingAtColumn(CLmProjetMgrItem::ColumnProject);
     switch (index.column()) {
-    case CLmProjetMgrItem::ColumnProject: {
-        if (!CheckBoxRect(option.rect).contains(pos))
-            return false;
-        const bool bChecked = rowIndex.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-        pModel->setData(rowIndex, bChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
-        emit signalChecked(rowIndex);
-        return true;
-    }
+    case CLmProjetMgrItem::ColumnProject:
+        return ToggleCheckBox(pos, pModel, option.rect, rowIndex);
     case CLmProjetMgrItem::ColumnFlightLog: {
         const SFlightLogLayout layout = FlightLogLayout(RowOption(option, index), index);
         if (layout.nState != FlightLogMissing || !layout.rects.rectWord.contains(pos))

@@ -24,11 +24,6 @@ public:
     // tracking and hover so that tool tips and hover images follow the mouse.
     explicit CLmProjetMgrDelegate(QAbstractItemView* pView);
 
-    void paint(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    bool editorEvent(QEvent* pEvent, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
-                     const QModelIndex& index) override;
-
 Q_SIGNALS:
     void signalShareBtnClicked(const QModelIndex& index);
     void signalDeleteBtnClicked(const QModelIndex& index);
@@ -36,8 +31,6 @@ Q_SIGNALS:
     void signalDownloadBtnClicked(const QModelIndex& index);
     void signalOpenBtnClicked(const QModelIndex& index);
     void signalClickedDownload(const QModelIndex& index);
-    // The row's check box was toggled by a click.
-    void signalChecked(const QModelIndex& index);
 
 public Q_SLOTS:
     // Forgets every reported state; rows draw the in-step buttons and their
@@ -49,6 +42,9 @@ public Q_SLOTS:
 
 protected:
     QVector<SButton> RowButtons(const QModelIndex& index) const override;
+    void PaintCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption, const QModelIndex& index) const override;
+    bool HandleRelease(const QPoint& pos, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
+                       const QModelIndex& index) override;
 
 private:
     struct SFlightLog
@@ -64,16 +60,12 @@ private:
         LmProjRowLayout::SFlightLogRects rects;
     };
 
-    QStyleOptionViewItem RowOption(const QStyleOptionViewItem& option, const QModelIndex& index) const;
     SFlightLogLayout FlightLogLayout(const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
 
-    void PaintProjectCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const;
     void PaintFlightLogCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
                             const QModelIndex& index) const;
     void PaintTimeCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
 
-    bool HandleRelease(const QPoint& pos, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
-                       const QModelIndex& index);
     // Synchronisation state and flight log by project id.
     QHash<QString, int> m_mapStateBtn;
     QHash<QString, SFlightLog> m_mapStateTxt;

@@ -1,6 +1,7 @@
 #include "CLmRowButtonDelegate.h"
 
 #include "LmProjRowLayout.h"
+#include "LmProjRowPainting.h"
 
 #include <QAbstractItemView>
 #include <QMouseEvent>
@@ -9,6 +10,9 @@
 #include <QToolTip>
 
 namespace {
+
+// Rows are tall enough for the buttons with 8 px above and below.
+constexpr int MinRowHeight = LmProjRowLayout::ButtonHeight + 16;
 
 QString ButtonImage(const CLmRowButtonDelegate::SButton& button, bool bHovered)
 {
@@ -26,6 +30,68 @@ CLmRowButtonDelegate::CLmRowButtonDelegate(QAbstractItemView* pView, int iButton
 {
     pView->setMouseTracking(true);
     pView->viewport()->setAttribute(Qt::WA_Hover);
+}
+
+void CLmRowButtonDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const
+{
+    const QStyleOptionViewItem rowOption = RowOption(option, index);
+    LmProjRowPainting::DrawItemBackground(pPainter, rowOption);
+    pPainter->save();
+    pPainter->setFont(rowOption.font);
+    pPainter->setPen(LmProjRowPainting::TextColor(rowOption));
+    PaintCell(pPainter, rowOption, index);
+    pPainter->restore();
+}
+
+QSize CLmRowButtonDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.setHeight(qMax(size.height(), MinRowHeight));
+    return size;
+}
+
+bool CLmRowButtonDelegate::editorEvent(QEvent* pEvent, QAbstractItemModel* pModel,
+                                       const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    switch (pEvent->type()) {
+    case QEvent::MouseMove:
+        TrackMouse(static_cast<QMouseEvent*>(pEvent), option, index);
+        return false;
+    case QEvent::MouseButtonRelease: {
+        const auto* pMouse = static_cast<QMouseEvent*>(pEvent);
+        return pMouse->button() == Qt::LeftButton && HandleRelease(pMouse->pos(), pModel, option, index);
+    }
+    default:
+        return false;
+    }
+}
+
+QStyleOptionViewItem CLmRowButtonDelegate::RowOption(const QStyleOptionViewItem& option,
+                                                     const QModelIndex& index) const
+{
+    QStyleOptionViewItem rowOption(option);
+    initStyleOption(&rowOption, index);
+    rowOption.font = LmProjRowPainting::RowFont(rowOption.font);
+    return rowOption;
+}
+
+void CLmRowButtonDelegate::PaintCheckCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const
+{
+    LmProjRowPainting::DrawCheckBox(pPainter, rowOption.rect, rowOption.checkState == Qt::Checked);
+    LmProjRowPainting::DrawItemText(pPainter, LmProjRowLayout::TextAfterCheckBox(rowOption.rect), rowOption.text,
+                                    Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+bool CLmRowButtonDelegate::ToggleCheckBox(const QPoint& pos, QAbstractItemModel* pModel, const QRect& cell,
+                                          const QModelIndex& rowIndex)
+{
+    if (!LmProjRowLayout::CheckBoxRect(cell).contains(pos))
+        return false;
+    const bool bChecked = rowIndex.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    pModel->setData(rowIndex, bChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    emit signalChecked(rowIndex);
+    return true;
 }
 
 void CLmRowButtonDelegate::PaintButtons(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
@@ -76,9 +142,4 @@ void CLmRowButtonDelegate::RepaintRow(const QRect& cell) const
 QAbstractItemView* CLmRowButtonDelegate::View() const
 {
     return m_pView;
-}
-
-QPoint CLmRowButtonDelegate::MousePos() const
-{
-    return m_ptMouse;
 }

@@ -8,12 +8,12 @@
 class QAbstractItemView;
 class QMouseEvent;
 
-// The painted buttons of a list's rows: each row has a set of buttons drawn
-// right-aligned in one column, with a hover image under the mouse and a tool
-// tip naming the button; a release on a button reports its action. Painting
-// and hit-testing share the geometry of LmProjRowLayout, so a click always
-// lands on what is drawn. Subclasses say which buttons a row has and act on
-// them.
+// A list whose rows are painted, with a check box before the first column's
+// text and a set of buttons drawn right-aligned in one column, each with a
+// hover image under the mouse and a tool tip naming it. Painting and
+// hit-testing share the geometry of LmProjRowLayout, so a click always lands
+// on what is drawn. Subclasses paint their cells, say which buttons a row has
+// and act on a release.
 class CLmRowButtonDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -26,6 +26,15 @@ public:
         int nAction;
     };
 
+    void paint(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool editorEvent(QEvent* pEvent, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) override;
+
+Q_SIGNALS:
+    // The row's check box was toggled by a click; index is the row's first column.
+    void signalChecked(const QModelIndex& index);
+
 protected:
     // Serves pView's rows and is owned by pView; the buttons sit in
     // iButtonColumn. Turns on the view's mouse tracking and hover so that
@@ -34,6 +43,21 @@ protected:
 
     // The buttons of index's row, left to right.
     virtual QVector<SButton> RowButtons(const QModelIndex& index) const = 0;
+    // Paints the cell's content over its background, with the row's font
+    // and text colour set.
+    virtual void PaintCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
+                           const QModelIndex& index) const = 0;
+    // A left-button release at pos; true when it hit something of the cell.
+    virtual bool HandleRelease(const QPoint& pos, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) = 0;
+
+    // option as the cell is painted: the item's data and the row font.
+    QStyleOptionViewItem RowOption(const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    // The first column: the row's check box, then its text.
+    void PaintCheckCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const;
+    // Toggles the check value of rowIndex when pos lies on the check box of
+    // cell and says so with signalChecked.
+    bool ToggleCheckBox(const QPoint& pos, QAbstractItemModel* pModel, const QRect& cell, const QModelIndex& rowIndex);
 
     // Draws the row's buttons in cell, the one under the mouse hovered.
     void PaintButtons(QPainter* pPainter, const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
@@ -48,7 +72,6 @@ protected:
     void RepaintRow(const QRect& cell) const;
 
     QAbstractItemView* View() const;
-    QPoint MousePos() const;
 
 private:
     QAbstractItemView* m_pView;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "CLmBaseDialog.h"
+#include "CLmMessageBox.h"
 
 // Asks what to do with a shared project whose name the user already has:
-// exec() returns Replace, SaveAs, or 0 when the dialog is closed.
-class CLmProjectExistsDialog : public CLmBaseDialog
+// exec() returns Replace, SaveAs, or 0 when the box is closed.
+class CLmProjectExistsDialog : public CLmMessageBox
 {
     Q_OBJECT
 public:

@@ -7,7 +7,6 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QToolTip>
@@ -22,7 +21,6 @@ constexpr char ReceiveImage[] = ":/images/Normal/Home/HomeFile_receive_but_nor.p
 constexpr char RefuseImage[] = ":/images/Normal/Home/HomeFile_Refuse_but_nor.png";
 constexpr char MessageImage[] = ":/images/Normal/Home/HomeFile_message_ic.png";
 constexpr int ImageGap = 8;
-constexpr int MinRowHeight = ButtonHeight + 16;
 
 QModelIndex RowIndex(const QModelIndex& index)
 {
@@ -47,21 +45,12 @@ QRect CLmReceiveShareManagerDelegate::RefuseRect(const QRect& cell)
     return ReceiveRect(cell).translated(ButtonWidth + ImageGap, 0);
 }
 
-void CLmReceiveShareManagerDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
-                                           const QModelIndex& index) const
+void CLmReceiveShareManagerDelegate::PaintCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
+                                               const QModelIndex& index) const
 {
-    QStyleOptionViewItem rowOption(option);
-    initStyleOption(&rowOption, index);
-    rowOption.font = RowFont(rowOption.font);
-    DrawItemBackground(pPainter, rowOption);
-    pPainter->save();
-    pPainter->setFont(rowOption.font);
-    pPainter->setPen(TextColor(rowOption));
-    const QRect& cell = rowOption.rect;
     switch (index.column()) {
     case ColumnProject:
-        DrawCheckBox(pPainter, cell, rowOption.checkState == Qt::Checked);
-        DrawItemText(pPainter, TextAfterCheckBox(cell), rowOption.text, Qt::AlignLeft | Qt::AlignVCenter);
+        PaintCheckCell(pPainter, rowOption);
         break;
     case ColumnState:
         PaintStateCell(pPainter, rowOption, index);
@@ -73,17 +62,10 @@ void CLmReceiveShareManagerDelegate::paint(QPainter* pPainter, const QStyleOptio
         PaintMessageCell(pPainter, rowOption);
         break;
     default:
-        DrawItemText(pPainter, cell.adjusted(TextPadding, 0, -TextPadding, 0), rowOption.text, Qt::AlignCenter);
+        DrawItemText(pPainter, rowOption.rect.adjusted(TextPadding, 0, -TextPadding, 0), rowOption.text,
+                     Qt::AlignCenter);
         break;
     }
-    pPainter->restore();
-}
-
-QSize CLmReceiveShareManagerDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
-{
-    QSize size = QStyledItemDelegate::sizeHint(option, index);
-    size.setHeight(qMax(size.height(), MinRowHeight));
-    return size;
 }
 
 void CLmReceiveShareManagerDelegate::PaintStateCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
@@ -108,22 +90,6 @@ void CLmReceiveShareManagerDelegate::PaintMessageCell(QPainter* pPainter, const 
                  Qt::AlignLeft | Qt::AlignVCenter);
 }
 
-bool CLmReceiveShareManagerDelegate::editorEvent(QEvent* pEvent, QAbstractItemModel* pModel,
-                                                 const QStyleOptionViewItem& option, const QModelIndex& index)
-{
-    switch (pEvent->type()) {
-    case QEvent::MouseMove:
-        TrackMouse(static_cast<QMouseEvent*>(pEvent), option, index);
-        return false;
-    case QEvent::MouseButtonRelease: {
-        const auto* pMouse = static_cast<QMouseEvent*>(pEvent);
-        return pMouse->button() == Qt::LeftButton && HandleRelease(pMouse->pos(), pModel, option, index);
-    }
-    default:
-        return false;
-    }
-}
-
 bool CLmReceiveShareManagerDelegate::helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView,
                                                const QStyleOptionViewItem& option, const QModelIndex& index)
 {
@@ -139,14 +105,8 @@ bool CLmReceiveShareManagerDelegate::HandleRelease(const QPoint& pos, QAbstractI
 {
     const QModelIndex rowIndex = RowIndex(index);
     switch (index.column()) {
-    case ColumnProject: {
-        if (!CheckBoxRect(option.rect).contains(pos))
-            return false;
-        const bool bChecked = rowIndex.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-        pModel->setData(rowIndex, bChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
-        emit signalChecked(rowIndex);
-        return true;
-    }
+    case ColumnProject:
+        return ToggleCheckBox(pos, pModel, option.rect, rowIndex);
     case ColumnState:
         if (!IsWaitingReceived(index))
             return false;

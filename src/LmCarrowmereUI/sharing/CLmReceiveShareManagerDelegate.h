@@ -25,10 +25,6 @@ public:
 
     explicit CLmReceiveShareManagerDelegate(QAbstractItemView* pView);
 
-    void paint(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    bool editorEvent(QEvent* pEvent, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
-                     const QModelIndex& index) override;
     // The message column's tool tip is the row's whole conversation.
     bool helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
@@ -45,7 +41,6 @@ Q_SIGNALS:
     void signalMessageBtnClicked(const QModelIndex& index);
     // The accept image of a waiting received row: take the project.
     void signalClickedDownload(const QModelIndex& index);
-    void signalChecked(const QModelIndex& index);
 
 public Q_SLOTS:
     // Forgets the states reported since the rows were filled.
@@ -55,6 +50,9 @@ public Q_SLOTS:
 
 protected:
     QVector<SButton> RowButtons(const QModelIndex& index) const override;
+    void PaintCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption, const QModelIndex& index) const override;
+    bool HandleRelease(const QPoint& pos, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
+                       const QModelIndex& index) override;
 
 private:
     enum EAction { ActionAccept, ActionShare, ActionDelete, ActionMessage };
@@ -63,8 +61,6 @@ private:
     bool IsWaitingReceived(const QModelIndex& index) const;
     void PaintStateCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
     void PaintMessageCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const;
-    bool HandleRelease(const QPoint& pos, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
-                       const QModelIndex& index);
 
     QHash<qint64, int> m_mapState;
 };

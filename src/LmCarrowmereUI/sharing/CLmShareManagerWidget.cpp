@@ -200,14 +200,8 @@ void CLmShareManagerWidget::slotHeaderStateChanged(Qt::CheckState state)
 
 void CLmShareManagerWidget::UpdateHeaderCheckState()
 {
-    const int checked = CheckedIds().size();
-    const int rows = m_pUi->m_pTreeShare->topLevelItemCount();
-    Qt::CheckState state = Qt::PartiallyChecked;
-    if (checked == 0)
-        state = Qt::Unchecked;
-    else if (checked == rows)
-        state = Qt::Checked;
-    Q_EMIT signalCheckStateChanged(state);
+    Q_EMIT signalCheckStateChanged(
+        CLmProjetMgrHeaderView::StateFor(CheckedIds().size(), m_pUi->m_pTreeShare->topLevelItemCount()));
 }
 
 // ---- accept ----------------------------------------------------------------------
