@@ -191,6 +191,7 @@ void CLmProjMgrWgt::Reset()
     UpdateProjectCount();
     m_setSharedDownloads.clear();
     m_pShareMgr->Reset();
+    slotFillAssigned();
 }
 
 void CLmProjMgrWgt::showEvent(QShowEvent* event)
