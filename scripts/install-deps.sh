@@ -16,6 +16,7 @@ PACKAGES=(
   desktop-file-utils appstream dpkg-dev qttranslations5-l10n fonts-noto-cjk
   tzdata
   libsqlite3-dev
+  rapidjson-dev
 )
 missing=()
 for p in "${PACKAGES[@]}"; do

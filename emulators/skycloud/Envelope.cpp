@@ -18,7 +18,13 @@ void Envelope::Fail(httplib::Response& res, int httpStatus, const QString& messa
 void Envelope::Write(httplib::Response& res, int httpStatus, int status, const QString& message,
                      const QJsonValue& data)
 {
-    const QJsonObject envelope{{"status", status}, {"message", message}, {"data", data}};
+    WriteUnder(res, "status", httpStatus, status, message, data);
+}
+
+void Envelope::WriteUnder(httplib::Response& res, const char* resultKey, int httpStatus, int result,
+                          const QString& message, const QJsonValue& data)
+{
+    const QJsonObject envelope{{QLatin1String(resultKey), result}, {"message", message}, {"data", data}};
     res.status = httpStatus;
     res.set_content(QJsonDocument(envelope).toJson(QJsonDocument::Compact).toStdString(),
                     "application/json; charset=utf-8");

@@ -227,6 +227,83 @@ void ProjectStore::RemoveUploadLeftovers() const
     }
 }
 
+std::optional<ProjectStore::Project> ProjectStore::FindByName(qint64 accountId, const QString& name)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    CLmDataBase index(IndexPath());
+    QSqlQuery row(index.Database());
+    if (!index.Open(true)
+        || !index.Exec(QStringLiteral("SELECT id FROM projects WHERE account_id = ? AND project_name = ? LIMIT 1"),
+                       {accountId, name}, &row)
+        || !row.next())
+        return std::nullopt;
+    return Project{row.value(0).toString(), name};
+}
+
+ProjectStore::UploadResult ProjectStore::CopyInto(qint64 accountId, const QString& sourceId, const QString& targetId,
+                                                  const QString& targetName)
+{
+    const QByteArray bytes = FileBytes(sourceId);
+    if (bytes.isEmpty())
+        return {QStringLiteral("The shared project no longer exists"), 404, {}};
+    QDir().mkpath(AccountFolder(accountId));
+    QTemporaryFile temp(AccountFolder(accountId) + QStringLiteral("/.copy-XXXXXX"));
+    if (!temp.open() || temp.write(bytes) != bytes.size() || !temp.flush())
+        return {QStringLiteral("Cannot store the project"), 500, {}};
+    temp.close();
+    // The copy, a client's file, is rewritten before the index is locked.
+    if (!RewriteOwner(temp.fileName(), sourceId, targetId, targetName, accountId))
+        return {QStringLiteral("Cannot store the project"), 500, {}};
+    std::lock_guard<std::mutex> lock(m_mutex);
+    UploadResult result = StoreLocked(accountId, temp.fileName());
+    if (result.error.isEmpty()) {
+        temp.setAutoRemove(false);
+        result.data.insert(QStringLiteral("name"), targetName);
+    }
+    return result;
+}
+
+bool ProjectStore::RewriteOwner(const QString& filePath, const QString& fromId, const QString& toId,
+                                const QString& name, qint64 accountId)
+{
+    CLmDataBase db(filePath);
+    if (!db.OpenForeign({QLatin1String(ProjectTableName)}, CLmDataBase::EForeignAccess::PrivateCopy)
+        || !db.Database().transaction())
+        return false;
+    QStringList tables;
+    QSqlQuery names(db.Database());
+    db.Exec(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"), {},
+            &names);
+    while (names.next())
+        tables.append(names.value(0).toString());
+    names.finish();
+    bool ok = true;
+    for (const QString& table : qAsConst(tables)) {
+        QSqlQuery columns(db.Database());
+        db.Exec(QStringLiteral("SELECT name FROM pragma_table_info(?)"), {table}, &columns);
+        QStringList columnNames;
+        while (columns.next())
+            columnNames.append(columns.value(0).toString());
+        columns.finish();
+        const QString quoted = QLatin1Char('"') + QString(table).replace(QLatin1Char('"'), QLatin1String("\"\""))
+                               + QLatin1Char('"');
+        if (columnNames.contains(QLatin1String("project_id")))
+            ok = ok && db.Exec(QStringLiteral("UPDATE %1 SET project_id = ? WHERE project_id = ?").arg(quoted),
+                               {toId, fromId});
+        if (columnNames.contains(QLatin1String("user_id")))
+            ok = ok && db.Exec(QStringLiteral("UPDATE %1 SET user_id = ?").arg(quoted), {accountId});
+    }
+    ok = ok
+         && db.Exec(QStringLiteral("UPDATE %1 SET id = ?, project_name = ? WHERE id = ?")
+                        .arg(QLatin1String(ProjectTableName)),
+                    {toId, name, fromId});
+    if (!ok || !db.Database().commit()) {
+        db.Database().rollback();
+        return false;
+    }
+    return true;
+}
+
 QString ProjectStore::IndexPath() const
 {
     return m_dataDir + QStringLiteral("/projects.db");

@@ -63,6 +63,15 @@ public:
     // The stored file, or nothing when the index or the file lacks it.
     std::optional<QByteArray> FileBytes(const QString& projectId);
 
+    // The account's project of that name, if it has one.
+    std::optional<Project> FindByName(qint64 accountId, const QString& name);
+    // Copies the project file of sourceId (any account's) into the account's
+    // store as project targetId named targetName, owned by the account: the
+    // ids, the name and the owner are rewritten inside the copy. A targetId
+    // the account already has is replaced; one of another account is refused.
+    UploadResult CopyInto(qint64 accountId, const QString& sourceId, const QString& targetId,
+                          const QString& targetName);
+
 private:
     struct ProjectRow
     {
@@ -84,6 +93,8 @@ private:
     QString StoredPath(const QString& projectId);
     void RemoveUploadLeftovers() const;
     static std::optional<ProjectRow> ReadProjectRow(const QString& filePath);
+    static bool RewriteOwner(const QString& filePath, const QString& fromId, const QString& toId,
+                             const QString& name, qint64 accountId);
     static bool StampFile(const QString& filePath, const QString& projectId, qint64 version, const QString& updatedAt);
     static Selection SelectOwnedLocked(CLmDataBase& index, qint64 accountId, const QStringList& projectIds);
     NextVersion VersionAfter(qint64 accountId, const QString& projectId);

@@ -282,6 +282,25 @@ void CloudDownloadGlyph(QPainter& p, const QColor& color)
     StrokePolyline(p, color, 4.5, {{25, 44}, {32, 51}, {39, 44}});
 }
 
+// A paper plane: what is sent.
+void SendGlyph(QPainter& p, const QColor& color)
+{
+    const QPointF plane[] = {{12, 31}, {52, 14}, {40, 50}, {30, 37}};
+    p.setPen(Stroke(color, 4.5));
+    p.setBrush(Qt::NoBrush);
+    p.drawPolygon(plane, 4);
+    p.drawLine(QPointF(30, 37), QPointF(52, 14));
+}
+
+// An arrow into a tray.
+void TrayDownloadGlyph(QPainter& p, const QColor& color)
+{
+    p.setPen(Stroke(color, 4.5));
+    p.drawLine(QPointF(32, 12), QPointF(32, 38));
+    StrokePolyline(p, color, 4.5, {{22, 29}, {32, 39}, {42, 29}});
+    StrokePolyline(p, color, 4.5, {{13, 38}, {13, 50}, {51, 50}, {51, 38}});
+}
+
 void InfoGlyph(QPainter& p, const QColor& color)
 {
     p.setPen(Stroke(color, 4.5));
@@ -385,6 +404,27 @@ void MessageQuestion(QPainter& p)
 {
     Disc(p, Palette::Blue);
     QuestionGlyph(p, Palette::White, 6);
+}
+
+// The accept and refuse buttons of a waiting received share.
+void ReceiveButton(QPainter& p)
+{
+    Disc(p, Palette::Green);
+    p.setPen(Stroke(Palette::White, 5));
+    p.drawLine(QPointF(32, 16), QPointF(32, 40));
+    StrokePolyline(p, Palette::White, 5, {{22, 31}, {32, 41}, {42, 31}});
+    p.drawLine(QPointF(20, 48), QPointF(44, 48));
+}
+
+void RefuseButton(QPainter& p)
+{
+    Disc(p, Palette::Red);
+    CrossGlyph(p, Palette::White, 6, 22);
+}
+
+void MessageMark(QPainter& p)
+{
+    EnvelopeGlyph(p, Palette::Blue);
 }
 
 void MessageExclamation(QPainter& p)
@@ -590,6 +630,9 @@ std::vector<SIcon> Icons()
         {home + "HomeFile_share_ok_ic.png", 48, MessageOk},
         {home + "HomeFile_share_no_ic.png", 48, MessageFailed},
         {home + "HomeFilebut_receive_ic.png", 48, MessageQuestion},
+        {home + "HomeFile_receive_but_nor.png", 24, ReceiveButton},
+        {home + "HomeFile_Refuse_but_nor.png", 24, RefuseButton},
+        {home + "HomeFile_message_ic.png", 16, MessageMark},
         {QStringLiteral("Normal/userinfo/off_network_ico.png"), 48, MessageOffline},
         {QStringLiteral("Normal/Exclamation_mark.png"), 48, MessageExclamation},
         {home + "Home_WiFi_Online_ic.png", 24, HeaderWifiOnline},
@@ -630,6 +673,9 @@ std::vector<SIcon> Icons()
     AddRowButton(icons, projMgr + "cloud_Download1_btn", CloudDownloadGlyph, Palette::Blue);
     AddRowButton(icons, projMgr + "infor_btn", InfoGlyph, Palette::Blue);
     AddRowButton(icons, projMgr + "open_btn", OpenFolderGlyph, Palette::Amber);
+    AddRowButton(icons, projMgr + "send_btn", SendGlyph, Palette::Green);
+    AddRowButton(icons, projMgr + "download_btn", TrayDownloadGlyph, Palette::Blue);
+    AddRowButton(icons, projMgr + "message_btn", EnvelopeGlyph, Palette::Blue);
     return icons;
 }
 

@@ -95,6 +95,20 @@ void CLmCarrowmereProjMgrObj::slotDownloadPrjectWithProjID(QString strProjID)
     }
     if (info.strProjName.isEmpty())
         info = m_mapLocalProj.value(strProjID, info);
+    DownloadOne(info);
+}
+
+void CLmCarrowmereProjMgrObj::slotDownloadSharedProject(QString strProjID, QString strProjName)
+{
+    SProjInfor info = m_mapLocalProj.value(strProjID);
+    info.strProjID = strProjID;
+    if (info.strProjName.isEmpty())
+        info.strProjName = strProjName;
+    DownloadOne(info);
+}
+
+void CLmCarrowmereProjMgrObj::DownloadOne(const SProjInfor& info)
+{
     // One transfer at a time: a download under way finishes first.
     if (m_bDownloading) {
         m_listSingleWaiting.append(info);

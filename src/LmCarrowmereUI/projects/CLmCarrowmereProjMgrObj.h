@@ -35,6 +35,9 @@ public Q_SLOTS:
     void slotReadAllPrject();
     void slotSynchAllProject();
     void slotDownloadPrjectWithProjID(QString strProjID);
+    // A project new to this computer and to the last list read (one just
+    // accepted from a share): its name names its folder.
+    void slotDownloadSharedProject(QString strProjID, QString strProjName);
     void slotReadLocalProject(QString strProjectPath);
     void slotReadFlightDetails(QString strProjId);
 
@@ -76,6 +79,7 @@ private:
 
     // Queues.
     void StartDownloadQueue();
+    void DownloadOne(const SProjInfor& info);
     void PostDownload(const SProjInfor& info, bool single);
     void FinishDownload();
     QString DownloadTargetPath(const SProjInfor& info) const;

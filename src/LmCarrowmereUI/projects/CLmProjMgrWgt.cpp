@@ -11,6 +11,7 @@
 #include "CLmProjetMgrHeaderView.h"
 #include "CLmProjetMgrItem.h"
 #include "CLmShareDialog.h"
+#include "CLmShareManagerWidget.h"
 #include "LmProjMgrRoles.h"
 #include "ui_CLmProjMgrWgt.h"
 
@@ -63,6 +64,7 @@ CLmProjMgrWgt::CLmProjMgrWgt(QWidget* parent)
     ConnectBars();
     ConnectController();
     SetUpDetailsPage();
+    SetUpSharePages();
     SetUpEngine();
 }
 
@@ -117,6 +119,7 @@ void CLmProjMgrWgt::ConnectEngine()
     connect(this, &CLmProjMgrWgt::ReadProject, m_pSynchObj, &Obj::slotReadLocalProject);
     connect(this, &CLmProjMgrWgt::SynchAllProj, m_pSynchObj, &Obj::slotSynchAllProject);
     connect(this, &CLmProjMgrWgt::DownloadProject, m_pSynchObj, &Obj::slotDownloadPrjectWithProjID);
+    connect(this, &CLmProjMgrWgt::DownloadSharedProject, m_pSynchObj, &Obj::slotDownloadSharedProject);
     connect(this, &CLmProjMgrWgt::ReadAllProject, m_pSynchObj, &Obj::slotReadAllPrject);
     connect(&m_threadSynch, &QThread::started, m_pSynchObj, &Obj::slotReadAllPrject);
 }
@@ -186,6 +189,9 @@ void CLmProjMgrWgt::Reset()
     m_pUi->m_pEditSearchLv2->clear();
     slotBtnClearLv3Clicked();
     UpdateProjectCount();
+    m_setSharedDownloads.clear();
+    m_pShareMgr->Reset();
+    slotFillAssigned();
 }
 
 void CLmProjMgrWgt::showEvent(QShowEvent* event)
@@ -232,6 +238,9 @@ void CLmProjMgrWgt::slotAddDownloadItem2Tree(const SProjInfor& info)
 void CLmProjMgrWgt::slotDownLoadProjectFinished(const SProjInfor& info)
 {
     m_controller.FinishDownload(info);
+    // The engine reports a failed download without a path for a new project.
+    if (m_setSharedDownloads.remove(info.strProjID) && !info.strProjPath.isEmpty())
+        Q_EMIT ReadProject(info.strProjPath);
 }
 
 void CLmProjMgrWgt::slotDownLoadProjectState(const SProjInfor& info)
@@ -474,14 +483,8 @@ void CLmProjMgrWgt::slotProjItemChecked(const QModelIndex& index)
 
 void CLmProjMgrWgt::UpdateHeaderCheckState()
 {
-    const int checked = m_controller.CheckedCount();
-    const int rows = m_controller.ProjectCount();
-    Qt::CheckState state = Qt::PartiallyChecked;
-    if (checked == 0)
-        state = Qt::Unchecked;
-    else if (checked == rows)
-        state = Qt::Checked;
-    Q_EMIT signalCheckStateChanged(state);
+    Q_EMIT signalCheckStateChanged(
+        CLmProjetMgrHeaderView::StateFor(m_controller.CheckedCount(), m_controller.ProjectCount()));
 }
 
 // ---- actions ---------------------------------------------------------------------
@@ -608,6 +611,49 @@ void CLmProjMgrWgt::SetUpDetailsPage()
     connect(m_pDetailsWgt, &CLmProjDetailsWgt::BackToProject, this,
             [this] { m_pUi->m_pProjMgrStackedWidget->setCurrentWidget(m_pUi->m_pPageProject); });
     connect(m_pDetailsWgt, &CLmProjDetailsWgt::parseJsonArray, this, &CLmProjMgrWgt::parseJsonArray);
+}
+
+void CLmProjMgrWgt::SetUpSharePages()
+{
+    m_pShareMgr = new CLmShareManagerWidget(m_pUi->m_pPageShare);
+    m_pUi->m_pPageShareLayout->addWidget(m_pShareMgr);
+    connect(m_pShareMgr, &CLmShareManagerWidget::NewShareReceived, this, &CLmProjMgrWgt::NewShareReceived);
+    connect(m_pShareMgr, &CLmShareManagerWidget::signalDownloadProjectFile, this,
+            &CLmProjMgrWgt::slotDownloadProjectFile);
+    connect(m_pShareMgr, &CLmShareManagerWidget::ListRefreshed, this, &CLmProjMgrWgt::slotFillAssigned);
+    connect(m_pUi->m_pBtnAssigned, &QPushButton::clicked, m_pShareMgr, &CLmShareManagerWidget::RequestList);
+    slotFillAssigned();
+}
+
+void CLmProjMgrWgt::slotShareNoticeArrived()
+{
+    m_pShareMgr->slotShareNoticeArrived();
+}
+
+void CLmProjMgrWgt::slotShareMessageArrived()
+{
+    m_pShareMgr->slotShareMessageArrived();
+}
+
+void CLmProjMgrWgt::slotDownloadProjectFile(QString strPrjID, QString strPrjName)
+{
+    m_setSharedDownloads.insert(strPrjID);
+    Q_EMIT DownloadSharedProject(strPrjID, strPrjName);
+}
+
+void CLmProjMgrWgt::slotFillAssigned()
+{
+    QTreeWidget* tree = m_pUi->m_pTreeAssigned;
+    tree->clear();
+    for (const CLmShareManagerController::SShareRow& row : m_pShareMgr->Controller().Received()) {
+        if (row.eKind != CLmShareManagerController::KindReceivedTask)
+            continue;
+        auto* item = new QTreeWidgetItem(tree, {row.strProject, row.strPeer, row.strTime});
+        item->setToolTip(0, CLmShareManagerController::LatestMessage(row));
+        item->setTextAlignment(1, Qt::AlignCenter);
+        item->setTextAlignment(2, Qt::AlignCenter);
+    }
+    m_pUi->m_pLabelAssignedPlaceholder->setVisible(tree->topLevelItemCount() == 0);
 }
 
 void CLmProjMgrWgt::slotDetailsBtnClicked(const QModelIndex& index)

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QJsonArray>
 #include <QPointer>
+#include <QSet>
 #include <QStringList>
 #include <QThread>
 #include <QTimer>
@@ -23,6 +24,7 @@ class CLmProjetMgrHeaderView;
 class CLmProjetMgrItem;
 class CLmProjTransferTrees;
 class CLmProjDetailsWgt;
+class CLmShareManagerWidget;
 class QModelIndex;
 class QPushButton;
 
@@ -60,6 +62,10 @@ Q_SIGNALS:
     void ReadAllProject();
     void ReadProject(QString strProjectPath);
     void DownloadProject(QString strProjID);
+    void DownloadSharedProject(QString strProjID, QString strProjName);
+
+    // A share arrived while its page is not shown: the window lights its badge.
+    void NewShareReceived();
 
 public Q_SLOTS:
     // From the synchronisation engine.
@@ -111,8 +117,15 @@ private Q_SLOTS:
     void slotStorageSizeReady(qint64 bytes);
     void slotFlushPendingRows();
     void slotSortRows();
+    // A share was accepted: its project comes into the store like any other.
+    void slotDownloadProjectFile(QString strPrjID, QString strPrjName);
+    void slotFillAssigned();
 
 public Q_SLOTS:
+    // Push notices of shares and assignments, and of their answers.
+    void slotShareNoticeArrived();
+    void slotShareMessageArrived();
+
     // The flight-data writer's answer to a parseJsonArray of the details page.
     void slotFlightDataParsed(QString strFilePath, QString strMissionID, unsigned int iOperatorType, int iRows);
 
@@ -124,6 +137,7 @@ private:
     void ConnectBars();
     void ConnectController();
     void SetUpDetailsPage();
+    void SetUpSharePages();
 
     CLmProjetMgrItem* NewItem(const CLmProjMgrController::SRow& row);
     void ShowRow(CLmProjetMgrItem* item, const CLmProjMgrController::SRow& row);
@@ -151,6 +165,9 @@ private:
     CLmProjetMgrHeaderView* m_pHeader = nullptr;
     CLmProjTransferTrees* m_pTransferTrees = nullptr;
     CLmProjDetailsWgt* m_pDetailsWgt = nullptr;
+    CLmShareManagerWidget* m_pShareMgr = nullptr;
+    // Accepted shares being downloaded: read into the list once they land.
+    QSet<QString> m_setSharedDownloads;
     QPointer<CLmProgressWgt> m_pProgress;
     CLmCitySelectWidget* m_pCitySelect = nullptr;
     CLmDateSelectWidget* m_pDateSelect = nullptr;

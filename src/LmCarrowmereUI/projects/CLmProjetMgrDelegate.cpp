@@ -8,8 +8,6 @@
 #include <QAbstractItemView>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPixmap>
-#include <QToolTip>
 
 using namespace LmProjRowLayout;
 using namespace LmProjRowPainting;
@@ -38,15 +36,6 @@ const SButtonLook ButtonLooks[] = {
 const QColor LinkColor(0x2f, 0x80, 0xed);
 const QColor CompleteColor(0x43, 0xa0, 0x47);
 
-// Rows are tall enough for the buttons with 8 px above and below.
-constexpr int MinRowHeight = ButtonHeight + 16;
-
-QString ButtonImage(EButton button, bool bHovered)
-{
-    return QStringLiteral(":/images/Normal/ProjMgr/") + QLatin1String(ButtonLooks[button].pszIcon)
-           + (bHovered ? QStringLiteral("_hovpre.png") : QStringLiteral("_nor.png"));
-}
-
 QString RowId(const QModelIndex& index)
 {
     return index.siblingAtColumn(CLmProjetMgrItem::ColumnProject).data(LmProjMgrRole::ProjectId).toString();
@@ -55,25 +44,16 @@ QString RowId(const QModelIndex& index)
 }  // namespace
 
 CLmProjetMgrDelegate::CLmProjetMgrDelegate(QAbstractItemView* pView)
-    : QStyledItemDelegate(pView)
-    , m_pView(pView)
-    , m_ptMouse(-1, -1)
+    : CLmRowButtonDelegate(pView, CLmProjetMgrItem::ColumnCreateTime)
 {
-    pView->setMouseTracking(true);
-    pView->viewport()->setAttribute(Qt::WA_Hover);
 }
 
-void CLmProjetMgrDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
-                                 const QModelIndex& index) const
+void CLmProjetMgrDelegate::PaintCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
+                                     const QModelIndex& index) const
 {
-    const QStyleOptionViewItem rowOption = RowOption(option, index);
-    DrawItemBackground(pPainter, rowOption);
-    pPainter->save();
-    pPainter->setFont(rowOption.font);
-    pPainter->setPen(TextColor(rowOption));
     switch (index.column()) {
     case CLmProjetMgrItem::ColumnProject:
-        PaintProjectCell(pPainter, rowOption);
+        PaintCheckCell(pPainter, rowOption);
         break;
     case CLmProjetMgrItem::ColumnFlightLog:
         PaintFlightLogCell(pPainter, rowOption, index);
@@ -86,70 +66,42 @@ void CLmProjetMgrDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem&
                      Qt::AlignLeft | Qt::AlignVCenter);
         break;
     }
-    pPainter->restore();
-}
-
-QSize CLmProjetMgrDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
-{
-    QSize size = QStyledItemDelegate::sizeHint(option, index);
-    size.setHeight(qMax(size.height(), MinRowHeight));
-    return size;
-}
-
-bool CLmProjetMgrDelegate::editorEvent(QEvent* pEvent, QAbstractItemModel* pModel,
-                                       const QStyleOptionViewItem& option, const QModelIndex& index)
-{
-    switch (pEvent->type()) {
-    case QEvent::MouseMove:
-        ShowButtonToolTip(static_cast<QMouseEvent*>(pEvent), option, index);
-        return false;
-    case QEvent::MouseButtonRelease: {
-        const auto* pMouse = static_cast<QMouseEvent*>(pEvent);
-        return pMouse->button() == Qt::LeftButton && HandleRelease(pMouse->pos(), pModel, option, index);
-    }
-    default:
-        return false;
-    }
 }
 
 void CLmProjetMgrDelegate::slotResetBtn()
 {
     m_mapStateBtn.clear();
     m_mapStateTxt.clear();
-    m_pView->viewport()->update();
+    View()->viewport()->update();
 }
 
 void CLmProjetMgrDelegate::slotUpdateStateTxt(QString strTxt, int nState, QString strKey)
 {
     m_mapStateTxt.insert(strKey, {strTxt, nState});
-    m_pView->viewport()->update();
+    View()->viewport()->update();
 }
 
 void CLmProjetMgrDelegate::slotUpdateStateBtn(int nState, QString strKey)
 {
     m_mapStateBtn.insert(strKey, nState);
-    m_pView->viewport()->update();
+    View()->viewport()->update();
 }
 
 void CLmProjetMgrDelegate::slotAllChecked(Qt::CheckState state)
 {
-    QAbstractItemModel* pModel = m_pView->model();
+    QAbstractItemModel* pModel = View()->model();
     for (int iRow = 0; iRow < pModel->rowCount(); ++iRow)
         pModel->setData(pModel->index(iRow, CLmProjetMgrItem::ColumnProject), state, Qt::CheckStateRole);
 }
 
-QStyleOptionViewItem CLmProjetMgrDelegate::RowOption(const QStyleOptionViewItem& option,
-                                                     const QModelIndex& index) const
+QVector<CLmRowButtonDelegate::SButton> CLmProjetMgrDelegate::RowButtons(const QModelIndex& index) const
 {
-    QStyleOptionViewItem rowOption(option);
-    initStyleOption(&rowOption, index);
-    rowOption.font = RowFont(rowOption.font);
-    return rowOption;
-}
-
-QVector<EButton> CLmProjetMgrDelegate::RowButtons(const QModelIndex& index) const
-{
-    return ButtonsForState(m_mapStateBtn.value(RowId(index), SynchStateInStep));
+    QVector<SButton> buttons;
+    for (EButton button : ButtonsForState(m_mapStateBtn.value(RowId(index), SynchStateInStep))) {
+        const SButtonLook& look = ButtonLooks[button];
+        buttons.append({look.pszIcon, tr(look.pszToolTip), button});
+    }
+    return buttons;
 }
 
 CLmProjetMgrDelegate::SFlightLogLayout CLmProjetMgrDelegate::FlightLogLayout(const QStyleOptionViewItem& rowOption,
@@ -165,12 +117,6 @@ CLmProjetMgrDelegate::SFlightLogLayout CLmProjetMgrDelegate::FlightLogLayout(con
         layout.strWord = tr("Complete");
     layout.rects = FlightLogRects(rowOption.rect, QFontMetrics(rowOption.font), layout.strCount, layout.strWord);
     return layout;
-}
-
-void CLmProjetMgrDelegate::PaintProjectCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const
-{
-    DrawCheckBox(pPainter, rowOption.rect, rowOption.checkState == Qt::Checked);
-    DrawItemText(pPainter, TextAfterCheckBox(rowOption.rect), rowOption.text, Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void CLmProjetMgrDelegate::PaintFlightLogCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
@@ -193,32 +139,10 @@ void CLmProjetMgrDelegate::PaintTimeCell(QPainter* pPainter, const QStyleOptionV
                                          const QModelIndex& index) const
 {
     const QRect& cell = rowOption.rect;
-    const QVector<EButton> buttons = RowButtons(index);
     const int iTextLeft = cell.left() + TextPadding;
-    const QRect textRect(iTextLeft, cell.top(), ButtonsLeft(cell, buttons.size()) - TextPadding - iTextLeft,
-                         cell.height());
+    const QRect textRect(iTextLeft, cell.top(), ButtonsLeft(cell, index) - TextPadding - iTextLeft, cell.height());
     DrawItemText(pPainter, textRect, rowOption.text, Qt::AlignLeft | Qt::AlignVCenter);
-
-    const bool bRowHovered = rowOption.state & QStyle::State_MouseOver;
-    for (int i = 0; i < buttons.size(); ++i) {
-        const QRect rect = ButtonRect(cell, buttons.size() - 1 - i);
-        pPainter->drawPixmap(rect, QPixmap(ButtonImage(buttons.at(i), bRowHovered && rect.contains(m_ptMouse))));
-    }
-}
-
-void CLmProjetMgrDelegate::ShowButtonToolTip(const QMouseEvent* pEvent, const QStyleOptionViewItem& option,
-                                             const QModelIndex& index)
-{
-    m_ptMouse = pEvent->pos();
-    QString strTip;
-    if (index.column() == CLmProjetMgrItem::ColumnCreateTime) {
-        const QVector<EButton> buttons = RowButtons(index);
-        const int iButton = ButtonAt(option.rect, buttons.size(), m_ptMouse);
-        if (iButton >= 0)
-            strTip = tr(ButtonLooks[buttons.at(iButton)].pszToolTip);
-    }
-    QToolTip::showText(pEvent->globalPos(), strTip, m_pView->viewport());
-    RepaintRow(option.rect);
+    PaintButtons(pPainter, rowOption, index);
 }
 
 bool CLmProjetMgrDelegate::HandleRelease(const QPoint& pos, QAbstractItemModel* pModel,
@@ -226,14 +150,8 @@ bool CLmProjetMgrDelegate::HandleRelease(const QPoint& pos, QAbstractItemModel* 
 {
     const QModelIndex rowIndex = index.siblingAtColumn(CLmProjetMgrItem::ColumnProject);
     switch (index.column()) {
-    case CLmProjetMgrItem::ColumnProject: {
-        if (!CheckBoxRect(option.rect).contains(pos))
-            return false;
-        const bool bChecked = rowIndex.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-        pModel->setData(rowIndex, bChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
-        emit signalChecked(rowIndex);
-        return true;
-    }
+    case CLmProjetMgrItem::ColumnProject:
+        return ToggleCheckBox(pos, pModel, option.rect, rowIndex);
     case CLmProjetMgrItem::ColumnFlightLog: {
         const SFlightLogLayout layout = FlightLogLayout(RowOption(option, index), index);
         if (layout.nState != FlightLogMissing || !layout.rects.rectWord.contains(pos))
@@ -242,19 +160,13 @@ bool CLmProjetMgrDelegate::HandleRelease(const QPoint& pos, QAbstractItemModel* 
         return true;
     }
     case CLmProjetMgrItem::ColumnCreateTime: {
-        const QVector<EButton> buttons = RowButtons(index);
-        const int iButton = ButtonAt(option.rect, buttons.size(), pos);
-        if (iButton < 0)
+        const int iAction = ActionAt(pos, option.rect, index);
+        if (iAction < 0)
             return false;
-        emit(this->*ButtonLooks[buttons.at(iButton)].clicked)(rowIndex);
+        emit(this->*ButtonLooks[iAction].clicked)(rowIndex);
         return true;
     }
     default:
         return false;
     }
-}
-
-void CLmProjetMgrDelegate::RepaintRow(const QRect& cell) const
-{
-    m_pView->viewport()->update(QRect(0, cell.top(), m_pView->viewport()->width(), cell.height()));
 }

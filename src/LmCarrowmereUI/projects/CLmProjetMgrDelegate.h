@@ -1,19 +1,15 @@
 #pragma once
 
 #include <QHash>
-#include <QPoint>
-#include <QStyledItemDelegate>
 
+#include "CLmRowButtonDelegate.h"
 #include "LmProjRowLayout.h"
-
-class QAbstractItemView;
-class QMouseEvent;
 
 // Draws the project manager's rows and makes their painted parts clickable:
 // the check box of the project column, the flight-log state word and the row
 // buttons, which sit right-aligned in the create-time column after the time.
 // Signals carry the index of the row's first column, where its data lives.
-class CLmProjetMgrDelegate : public QStyledItemDelegate
+class CLmProjetMgrDelegate : public CLmRowButtonDelegate
 {
     Q_OBJECT
 public:
@@ -28,11 +24,6 @@ public:
     // tracking and hover so that tool tips and hover images follow the mouse.
     explicit CLmProjetMgrDelegate(QAbstractItemView* pView);
 
-    void paint(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    bool editorEvent(QEvent* pEvent, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
-                     const QModelIndex& index) override;
-
 Q_SIGNALS:
     void signalShareBtnClicked(const QModelIndex& index);
     void signalDeleteBtnClicked(const QModelIndex& index);
@@ -40,8 +31,6 @@ Q_SIGNALS:
     void signalDownloadBtnClicked(const QModelIndex& index);
     void signalOpenBtnClicked(const QModelIndex& index);
     void signalClickedDownload(const QModelIndex& index);
-    // The row's check box was toggled by a click.
-    void signalChecked(const QModelIndex& index);
 
 public Q_SLOTS:
     // Forgets every reported state; rows draw the in-step buttons and their
@@ -50,6 +39,12 @@ public Q_SLOTS:
     void slotUpdateStateTxt(QString strTxt, int nState, QString strKey);
     void slotUpdateStateBtn(int nState, QString strKey);
     void slotAllChecked(Qt::CheckState state);
+
+protected:
+    QVector<SButton> RowButtons(const QModelIndex& index) const override;
+    void PaintCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption, const QModelIndex& index) const override;
+    bool HandleRelease(const QPoint& pos, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
+                       const QModelIndex& index) override;
 
 private:
     struct SFlightLog
@@ -65,23 +60,12 @@ private:
         LmProjRowLayout::SFlightLogRects rects;
     };
 
-    QStyleOptionViewItem RowOption(const QStyleOptionViewItem& option, const QModelIndex& index) const;
-    QVector<LmProjRowLayout::EButton> RowButtons(const QModelIndex& index) const;
     SFlightLogLayout FlightLogLayout(const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
 
-    void PaintProjectCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption) const;
     void PaintFlightLogCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption,
                             const QModelIndex& index) const;
     void PaintTimeCell(QPainter* pPainter, const QStyleOptionViewItem& rowOption, const QModelIndex& index) const;
 
-    void ShowButtonToolTip(const QMouseEvent* pEvent, const QStyleOptionViewItem& option, const QModelIndex& index);
-    bool HandleRelease(const QPoint& pos, QAbstractItemModel* pModel, const QStyleOptionViewItem& option,
-                       const QModelIndex& index);
-    void RepaintRow(const QRect& cell) const;
-
-    QAbstractItemView* m_pView;
-    // Viewport position of the last mouse move, for the hover images.
-    QPoint m_ptMouse;
     // Synchronisation state and flight log by project id.
     QHash<QString, int> m_mapStateBtn;
     QHash<QString, SFlightLog> m_mapStateTxt;

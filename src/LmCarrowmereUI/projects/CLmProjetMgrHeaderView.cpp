@@ -26,6 +26,13 @@ Qt::CheckState CLmProjetMgrHeaderView::CheckState() const
     return m_eState;
 }
 
+Qt::CheckState CLmProjetMgrHeaderView::StateFor(int iChecked, int iRows)
+{
+    if (iChecked == 0)
+        return Qt::Unchecked;
+    return iChecked == iRows ? Qt::Checked : Qt::PartiallyChecked;
+}
+
 void CLmProjetMgrHeaderView::slotStateChanged(int state)
 {
     m_eState = static_cast<Qt::CheckState>(state);

@@ -12,6 +12,8 @@ public:
     explicit CLmProjetMgrHeaderView(QWidget* pParent = nullptr);
 
     Qt::CheckState CheckState() const;
+    // The box's state for iChecked checked rows of iRows.
+    static Qt::CheckState StateFor(int iChecked, int iRows);
 
 Q_SIGNALS:
     // The user toggled the box; state is the box's new state.

@@ -201,7 +201,12 @@ void CLmCarrowmereMainWindow::ConnectLauncher()
 void CLmCarrowmereMainWindow::ConnectNotices()
 {
     using Window = CLmCarrowmereMainWindow;
-    connect(m_pNoticeCenter, &CLmNoticeCenter::ProjectNoticeArrived, this, &Window::ShowProjectBadge);
+    // A share refreshes the share page when it is shown, else lights the badge.
+    connect(m_pNoticeCenter, &CLmNoticeCenter::ProjectNoticeArrived, m_pProjMgrWgt,
+            &CLmProjMgrWgt::slotShareNoticeArrived);
+    connect(m_pProjMgrWgt, &CLmProjMgrWgt::NewShareReceived, this, &Window::ShowProjectBadge);
+    connect(m_pNoticeCenter, &CLmNoticeCenter::MessageNoticeArrived, m_pProjMgrWgt,
+            &CLmProjMgrWgt::slotShareMessageArrived);
     connect(m_pNoticeCenter, &CLmNoticeCenter::MessageNoticeArrived, this, &Window::ShowNewMessageIcon);
     connect(m_pNoticeCenter, &CLmNoticeCenter::AccessRequestArrived, m_pMaintainPage,
             [this] { m_pMaintainPage->SetPendingRequest(true); });
