@@ -369,6 +369,53 @@
     </message>
 </context>
 <context>
+    <name>CLmFaultDiagnosisSection</name>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Software version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>e.g. firmware 2.4.1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OS version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What happened, and when?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serious</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Critical</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CLmForgetPasswordDialog</name>
     <message>
         <source>Reset password</source>
@@ -462,6 +509,116 @@
     </message>
     <message>
         <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmLogDownloadController</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size(Byte)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Selection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Log Download from MAV%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UpLoad</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please choose to upload files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading airborne log %1/%2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The log %1 could not be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmission completion</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Is preparing to upload</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmLogUploadController</name>
+    <message>
+        <source>Software version cannot be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OS version cannot be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Question description cannot be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File not found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Is uploading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Is uploading, remaining</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re-upload</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upload completed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continue to upload</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upload failed, please re-upload</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1005,10 +1162,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Projects shared with you and by you will be listed here.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Project Name</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1113,6 +1266,25 @@
     <name>CLmProjTransferTrees</name>
     <message>
         <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjectExistsDialog</name>
+    <message>
+        <source>The project already exists that you are going to?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save As</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1264,6 +1436,25 @@
     </message>
 </context>
 <context>
+    <name>CLmReceiveShareManagerDelegate</name>
+    <message>
+        <source>Message</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CLmRegisterDialog</name>
     <message>
         <source>Create a Tolva Cloud account</source>
@@ -1386,6 +1577,208 @@
     </message>
     <message>
         <source>Upload flight log Complete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareItem</name>
+    <message>
+        <source>%1 (flight task)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareManagerController</name>
+    <message>
+        <source>Waiting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accepted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rejected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareManagerWidget</name>
+    <message>
+        <source>Share</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Received</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read the shares from the cloud again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete the checked share records</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sender</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Operation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>NetWork Error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the shares...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The share list could not be read; the rows shown are kept.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 received, %2 sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n new share(s) received</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Receiver</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project name cannot be empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File name cannot contain any of the following characters:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The cloud&apos;s answer could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select an item at least to delete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to delete these selected item(s)?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to delete project %1 shared by %2?
+(%3)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>delete this sharing record and reject the project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to delete the project %1 sharing record?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to cancel of sharing project %1?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The recipient will not receive the project after deletion</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share project %1 with %2 again?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareMessageDialog</name>
+    <message>
+        <source>Message</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Me</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareNameDialog</name>
+    <message>
+        <source>Save As</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New project name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project name:</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1746,6 +2139,49 @@
     <name>LmUsbDiskText</name>
     <message>
         <source>%1 (%2)  %3 free of %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LogDownloadDialog</name>
+    <message>
+        <source>Airborne log list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete logs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UpLoad</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault Diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network failure or remote server is not available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

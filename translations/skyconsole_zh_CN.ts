@@ -369,6 +369,53 @@
     </message>
 </context>
 <context>
+    <name>CLmFaultDiagnosisSection</name>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation>故障诊断</translation>
+    </message>
+    <message>
+        <source>Software version</source>
+        <translation>软件版本</translation>
+    </message>
+    <message>
+        <source>e.g. firmware 2.4.1</source>
+        <translation>例如 固件 2.4.1</translation>
+    </message>
+    <message>
+        <source>OS version</source>
+        <translation>操作系统版本</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>级别</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>问题</translation>
+    </message>
+    <message>
+        <source>What happened, and when?</source>
+        <translation>发生了什么，在什么时候？</translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation>轻微</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>一般</translation>
+    </message>
+    <message>
+        <source>Serious</source>
+        <translation>严重</translation>
+    </message>
+    <message>
+        <source>Critical</source>
+        <translation>紧急</translation>
+    </message>
+</context>
+<context>
     <name>CLmForgetPasswordDialog</name>
     <message>
         <source>Reset password</source>
@@ -463,6 +510,116 @@
     <message>
         <source>SkyConsole</source>
         <translation>SkyConsole</translation>
+    </message>
+</context>
+<context>
+    <name>CLmLogDownloadController</name>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Size(Byte)</source>
+        <translation>大小（字节）</translation>
+    </message>
+    <message>
+        <source>Selection</source>
+        <translation>选择</translation>
+    </message>
+    <message>
+        <source>Log Download from MAV%1</source>
+        <translation>从 MAV%1 下载日志</translation>
+    </message>
+    <message>
+        <source>Reading</source>
+        <translation>正在读取</translation>
+    </message>
+    <message>
+        <source>UpLoad</source>
+        <translation>上传</translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation>故障诊断</translation>
+    </message>
+    <message>
+        <source>Please choose to upload files</source>
+        <translation>请选择要上传的文件</translation>
+    </message>
+    <message>
+        <source>Reading airborne log %1/%2</source>
+        <translation>正在读取机载日志 %1/%2</translation>
+    </message>
+    <message>
+        <source>The log %1 could not be saved.</source>
+        <translation>日志 %1 无法保存。</translation>
+    </message>
+    <message>
+        <source>Transmission completion</source>
+        <translation>传输完成</translation>
+    </message>
+    <message>
+        <source>Is preparing to upload</source>
+        <translation>正在准备上传</translation>
+    </message>
+</context>
+<context>
+    <name>CLmLogUploadController</name>
+    <message>
+        <source>Software version cannot be empty.</source>
+        <translation>软件版本不能为空。</translation>
+    </message>
+    <message>
+        <source>OS version cannot be empty.</source>
+        <translation>操作系统版本不能为空。</translation>
+    </message>
+    <message>
+        <source>Question description cannot be empty.</source>
+        <translation>问题描述不能为空。</translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation>故障诊断</translation>
+    </message>
+    <message>
+        <source>File not found.</source>
+        <translation>找不到文件。</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>提示</translation>
+    </message>
+    <message>
+        <source>Is uploading</source>
+        <translation>正在上传</translation>
+    </message>
+    <message>
+        <source>Is uploading, remaining</source>
+        <translation>正在上传，剩余</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source>Re-upload</source>
+        <translation>重新上传</translation>
+    </message>
+    <message>
+        <source>Upload completed.</source>
+        <translation>上传完成。</translation>
+    </message>
+    <message>
+        <source>Continue to upload</source>
+        <translation>继续上传</translation>
+    </message>
+    <message>
+        <source>Upload failed, please re-upload</source>
+        <translation>上传失败，请重新上传</translation>
     </message>
 </context>
 <context>
@@ -1005,10 +1162,6 @@
         <translation>项目总数：</translation>
     </message>
     <message>
-        <source>Projects shared with you and by you will be listed here.</source>
-        <translation>您收到和分享的项目将列在这里。</translation>
-    </message>
-    <message>
         <source>Project Name</source>
         <translation>项目名称</translation>
     </message>
@@ -1114,6 +1267,25 @@
     <message>
         <source>Open</source>
         <translation>打开</translation>
+    </message>
+</context>
+<context>
+    <name>CLmProjectExistsDialog</name>
+    <message>
+        <source>The project already exists that you are going to?</source>
+        <translation>该项目已存在，您要如何处理？</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>另存为</translation>
     </message>
 </context>
 <context>
@@ -1264,6 +1436,25 @@
     </message>
 </context>
 <context>
+    <name>CLmReceiveShareManagerDelegate</name>
+    <message>
+        <source>Message</source>
+        <translation>留言</translation>
+    </message>
+    <message>
+        <source>Accept</source>
+        <translation>接受</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>分享</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+</context>
+<context>
     <name>CLmRegisterDialog</name>
     <message>
         <source>Create a Tolva Cloud account</source>
@@ -1387,6 +1578,209 @@
     <message>
         <source>Upload flight log Complete.</source>
         <translation>飞行日志上传完成。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareItem</name>
+    <message>
+        <source>%1 (flight task)</source>
+        <translation>%1（飞行任务）</translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareManagerController</name>
+    <message>
+        <source>Waiting</source>
+        <translation>等待中</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Accepted</source>
+        <translation>已接受</translation>
+    </message>
+    <message>
+        <source>Rejected</source>
+        <translation>已拒绝</translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareManagerWidget</name>
+    <message>
+        <source>Share</source>
+        <translation>分享</translation>
+    </message>
+    <message>
+        <source>Received</source>
+        <translation>收到的</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>发出的</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Read the shares from the cloud again</source>
+        <translation>重新从云端读取分享</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Delete the checked share records</source>
+        <translation>删除选中的分享记录</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>Sender</source>
+        <translation>发送人</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Operation</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>留言</translation>
+    </message>
+    <message>
+        <source>Network fault</source>
+        <translation>网络故障</translation>
+    </message>
+    <message>
+        <source>NetWork Error</source>
+        <translation>网络错误</translation>
+    </message>
+    <message>
+        <source>Reading the shares...</source>
+        <translation>正在读取分享……</translation>
+    </message>
+    <message>
+        <source>The share list could not be read; the rows shown are kept.</source>
+        <translation>无法读取分享列表，保留当前显示的内容。</translation>
+    </message>
+    <message>
+        <source>%1 received, %2 sent</source>
+        <translation>收到 %1 个，发出 %2 个</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n new share(s) received</source>
+        <translation>
+            <numerusform>收到 %n 个新分享</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Receiver</source>
+        <translation>接收人</translation>
+    </message>
+    <message>
+        <source>Project name cannot be empty</source>
+        <translation>项目名称不能为空</translation>
+    </message>
+    <message>
+        <source>File name cannot contain any of the following characters:</source>
+        <translation>文件名不能包含以下任何字符：</translation>
+    </message>
+    <message>
+        <source>The cloud&apos;s answer could not be read.</source>
+        <translation>无法读取云端的回复。</translation>
+    </message>
+    <message>
+        <source>Please select an item at least to delete.</source>
+        <translation>请至少选择一项进行删除。</translation>
+    </message>
+    <message>
+        <source>Are you sure to delete these selected item(s)?</source>
+        <translation>确定要删除选中的项吗？</translation>
+    </message>
+    <message>
+        <source>Are you sure to delete project %1 shared by %2?
+(%3)</source>
+        <translation>确定要删除 %2 分享的项目 %1 吗？
+（%3）</translation>
+    </message>
+    <message>
+        <source>delete this sharing record and reject the project</source>
+        <translation>删除此分享记录并拒绝该项目</translation>
+    </message>
+    <message>
+        <source>Are you sure to delete the project %1 sharing record?</source>
+        <translation>确定要删除项目 %1 的分享记录吗？</translation>
+    </message>
+    <message>
+        <source>Are you sure to cancel of sharing project %1?</source>
+        <translation>确定要取消分享项目 %1 吗？</translation>
+    </message>
+    <message>
+        <source>The recipient will not receive the project after deletion</source>
+        <translation>删除后接收人将不会收到该项目</translation>
+    </message>
+    <message>
+        <source>Share project %1 with %2 again?</source>
+        <translation>要再次将项目 %1 分享给 %2 吗？</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareMessageDialog</name>
+    <message>
+        <source>Message</source>
+        <translation>留言</translation>
+    </message>
+    <message>
+        <source>Me</source>
+        <translation>我</translation>
+    </message>
+    <message>
+        <source>Them</source>
+        <translation>对方</translation>
+    </message>
+    <message>
+        <source>Your answer</source>
+        <translation>您的回复</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>发送</translation>
+    </message>
+    <message>
+        <source>Project: %1</source>
+        <translation>项目：%1</translation>
+    </message>
+</context>
+<context>
+    <name>CLmShareNameDialog</name>
+    <message>
+        <source>Save As</source>
+        <translation>另存为</translation>
+    </message>
+    <message>
+        <source>New project name</source>
+        <translation>新项目名称</translation>
+    </message>
+    <message>
+        <source>Project name:</source>
+        <translation>项目名称：</translation>
     </message>
 </context>
 <context>
@@ -1747,6 +2141,49 @@
     <message>
         <source>%1 (%2)  %3 free of %4</source>
         <translation>%1（%2）  可用 %3，共 %4</translation>
+    </message>
+</context>
+<context>
+    <name>LogDownloadDialog</name>
+    <message>
+        <source>Airborne log list</source>
+        <translation>机载日志列表</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Delete logs</source>
+        <translation>删除日志</translation>
+    </message>
+    <message>
+        <source>UpLoad</source>
+        <translation>上传</translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation>故障诊断</translation>
+    </message>
+    <message>
+        <source>Fault Diagnosis</source>
+        <translation>故障诊断</translation>
+    </message>
+    <message>
+        <source>Network failure or remote server is not available.</source>
+        <translation>网络故障或远程服务器不可用。</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation>SkyConsole</translation>
     </message>
 </context>
 <context>

@@ -149,6 +149,7 @@ CLmProjMgrWgt* CLmCarrowmereMainWindow::ProjMgrPage()
     connect(m_pAccountSession, &CLmAccountSession::SignedOut, m_pProjMgrWgt, &CLmProjMgrWgt::Reset);
     connect(m_pProjMgrWgt, &CLmProjMgrWgt::parseJsonArray, m_pDeviceHub.get(), &CLmDeviceHub::parseJsonArray);
     connect(m_pDeviceHub.get(), &CLmDeviceHub::FlightDataParsed, m_pProjMgrWgt, &CLmProjMgrWgt::slotFlightDataParsed);
+    connect(m_pProjMgrWgt, &CLmProjMgrWgt::NewShareReceived, this, &CLmCarrowmereMainWindow::ShowProjectBadge);
     return m_pProjMgrWgt;
 }
 
@@ -201,12 +202,18 @@ void CLmCarrowmereMainWindow::ConnectLauncher()
 void CLmCarrowmereMainWindow::ConnectNotices()
 {
     using Window = CLmCarrowmereMainWindow;
-    // A share refreshes the share page when it is shown, else lights the badge.
-    connect(m_pNoticeCenter, &CLmNoticeCenter::ProjectNoticeArrived, m_pProjMgrWgt,
-            &CLmProjMgrWgt::slotShareNoticeArrived);
-    connect(m_pProjMgrWgt, &CLmProjMgrWgt::NewShareReceived, this, &Window::ShowProjectBadge);
-    connect(m_pNoticeCenter, &CLmNoticeCenter::MessageNoticeArrived, m_pProjMgrWgt,
-            &CLmProjMgrWgt::slotShareMessageArrived);
+    // A share refreshes the share page when it is shown, else lights the
+    // badge; a project page not built yet has nothing to refresh.
+    connect(m_pNoticeCenter, &CLmNoticeCenter::ProjectNoticeArrived, this, [this] {
+        if (m_pProjMgrWgt)
+            m_pProjMgrWgt->slotShareNoticeArrived();
+        else
+            ShowProjectBadge();
+    });
+    connect(m_pNoticeCenter, &CLmNoticeCenter::MessageNoticeArrived, this, [this] {
+        if (m_pProjMgrWgt)
+            m_pProjMgrWgt->slotShareMessageArrived();
+    });
     connect(m_pNoticeCenter, &CLmNoticeCenter::MessageNoticeArrived, this, &Window::ShowNewMessageIcon);
     connect(m_pNoticeCenter, &CLmNoticeCenter::AccessRequestArrived, m_pMaintainPage,
             [this] { m_pMaintainPage->SetPendingRequest(true); });
