@@ -243,23 +243,25 @@ std::optional<ProjectStore::Project> ProjectStore::FindByName(qint64 accountId, 
 ProjectStore::UploadResult ProjectStore::CopyInto(qint64 accountId, const QString& sourceId, const QString& targetId,
                                                   const QString& targetName)
 {
-    const QByteArray bytes = FileBytes(sourceId);
-    if (bytes.isEmpty())
+    const std::optional<QByteArray> source = FileBytes(sourceId);
+    if (!source || source->isEmpty())
         return {QStringLiteral("The shared project no longer exists"), 404, {}};
     QDir().mkpath(AccountFolder(accountId));
-    QTemporaryFile temp(AccountFolder(accountId) + QStringLiteral("/.copy-XXXXXX"));
-    if (!temp.open() || temp.write(bytes) != bytes.size() || !temp.flush())
+    QTemporaryFile copy(AccountFolder(accountId) + QLatin1Char('/') + QLatin1String(kUploadPrefix)
+                        + QStringLiteral("XXXXXX"));
+    if (!copy.open() || copy.write(*source) != source->size() || !copy.flush())
         return {QStringLiteral("Cannot store the project"), 500, {}};
-    temp.close();
-    // The copy, a client's file, is rewritten before the index is locked.
-    if (!RewriteOwner(temp.fileName(), sourceId, targetId, targetName, accountId))
+    copy.close();
+    if (!RewriteOwner(copy.fileName(), sourceId, targetId, targetName, accountId))
         return {QStringLiteral("Cannot store the project"), 500, {}};
-    std::lock_guard<std::mutex> lock(m_mutex);
-    UploadResult result = StoreLocked(accountId, temp.fileName());
-    if (result.error.isEmpty()) {
-        temp.setAutoRemove(false);
+    // The rewritten copy comes in as the receiver's own upload would, with
+    // the same checks, version and index entry.
+    QFile rewritten(copy.fileName());
+    if (!rewritten.open(QIODevice::ReadOnly))
+        return {QStringLiteral("Cannot store the project"), 500, {}};
+    UploadResult result = Upload(accountId, rewritten.readAll());
+    if (result.error.isEmpty())
         result.data.insert(QStringLiteral("name"), targetName);
-    }
     return result;
 }
 
