@@ -76,10 +76,24 @@ void CLmFirmwareUpgrade::RequestVersion()
 
 void CLmFirmwareUpgrade::OnMessage(const mavlink_message_t& message)
 {
+    if (message.msgid == MSG_ID_HEARTBEAT)
+        OnHeartbeat(message);
     if (message.msgid != MSG_ID_SKY_FIRMWARE_STATUS)
         return;
     const SSkyFirmwareStatus status = SSkyFirmwareStatus::Unpack(message);
     OnStatus(status.result, QString::fromLatin1(status.version, static_cast<int>(qstrnlen(status.version, sizeof status.version))));
+}
+
+void CLmFirmwareUpgrade::OnHeartbeat(const mavlink_message_t& message)
+{
+    const SHeartbeat heartbeat = SHeartbeat::Unpack(message);
+    const bool bArmedOrFlying = (heartbeat.base_mode & MAV_MODE_FLAG_SAFETY_ARMED) != 0
+        || heartbeat.system_status == MAV_STATE_ACTIVE || heartbeat.system_status == MAV_STATE_CRITICAL
+        || heartbeat.system_status == MAV_STATE_EMERGENCY;
+    if (int(bArmedOrFlying) == m_iArmedOrFlying)
+        return;
+    m_iArmedOrFlying = int(bArmedOrFlying);
+    emit FlightStateChanged(bArmedOrFlying);
 }
 
 void CLmFirmwareUpgrade::OnStatus(int result, const QString& version)

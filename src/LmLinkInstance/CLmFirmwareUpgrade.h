@@ -56,11 +56,14 @@ signals:
     void Finished(const QString& version);
     void Failed(CLmFirmwareUpgrade::EFailure failure);
     void AircraftVersion(const QString& version);
+    // From the heartbeats: armed or flying, when no upgrade may start.
+    void FlightStateChanged(bool bArmedOrFlying);
 
 private:
     enum class EPhase { Idle, Manifest, Upload, Install, Restart };
 
     void OnMessage(const mavlink_message_t& message);
+    void OnHeartbeat(const mavlink_message_t& message);
     void OnStatus(int result, const QString& version);
     void OnTransferFailed(int error);
     void OnTimeout();
@@ -82,4 +85,5 @@ private:
     QByteArray m_baSha256;
     QString m_strVersion;
     QString m_strFileName;
+    int m_iArmedOrFlying = -1; // unknown until the first heartbeat
 };
