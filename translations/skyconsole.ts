@@ -154,6 +154,10 @@
         <source>New firmware package: %1</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Firmware</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CLmCarrowmereProjMgrObj</name>
@@ -369,6 +373,151 @@
     </message>
 </context>
 <context>
+    <name>CLmFaultDiagnosisSection</name>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Software version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>e.g. firmware 2.4.1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OS version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What happened, and when?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serious</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Critical</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmFirmwareController</name>
+    <message>
+        <source>Installing; the aircraft restarts...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No aircraft connected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An upgrade is already running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No firmware package has been downloaded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the aircraft to report whether it is on the ground.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft must be on the ground and disarmed to upgrade its firmware.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The firmware package cannot be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Uploading the firmware package...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upgrade finished: the aircraft runs firmware %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The link to the aircraft was lost during the upgrade.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft refused the upgrade: it is armed or in the air.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft refused the package: its checksum does not match. The old firmware stays.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft did not receive the package.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft refused the package upload.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmFirmwareSection</name>
+    <message>
+        <source>Aircraft firmware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Version on the aircraft</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloaded package</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upgrade</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 min %2 s remaining</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Install firmware %1 on the aircraft? Keep it on the ground and powered until it has restarted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware upgrade</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CLmForgetPasswordDialog</name>
     <message>
         <source>Reset password</source>
@@ -462,6 +611,116 @@
     </message>
     <message>
         <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmLogDownloadController</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size(Byte)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Selection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Log Download from MAV%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UpLoad</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please choose to upload files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading airborne log %1/%2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The log %1 could not be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmission completion</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Is preparing to upload</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmLogUploadController</name>
+    <message>
+        <source>Software version cannot be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OS version cannot be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Question description cannot be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File not found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Is uploading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Is uploading, remaining</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re-upload</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upload completed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continue to upload</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upload failed, please re-upload</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1746,6 +2005,49 @@
     <name>LmUsbDiskText</name>
     <message>
         <source>%1 (%2)  %3 free of %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LogDownloadDialog</name>
+    <message>
+        <source>Airborne log list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete logs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UpLoad</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault Diagnosis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network failure or remote server is not available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SkyConsole</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
