@@ -51,4 +51,7 @@ struct SimOptions {
     QSet<int> missingBatteries;       // battery ids that do not answer
     QSet<int> failureCodes;           // active failure codes of the multirotor
     int parameterCount = 0;           // the table is filled up to this many parameters
+
+    bool armed = false;             // armed and in the air: firmware upgrades are refused
+    bool ftpLoseLastReply = false;  // the reply to the write that completes a firmware package is lost once
 };

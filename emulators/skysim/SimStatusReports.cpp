@@ -94,6 +94,10 @@ SHeartbeat SimStatusReports::heartbeat() const
     message.autopilot = MAV_AUTOPILOT_GENERIC;
     message.base_mode = MAV_MODE_FLAG_CUSTOM_MODE_ENABLED | MAV_MODE_FLAG_STABILIZE_ENABLED;
     message.system_status = MAV_STATE_STANDBY;
+    if (m_options.armed) {
+        message.base_mode |= MAV_MODE_FLAG_SAFETY_ARMED;
+        message.system_status = MAV_STATE_ACTIVE;
+    }
     return message;
 }
 

@@ -27,6 +27,8 @@ SimVehicle::SimVehicle(const SimOptions& options, SimTransport& transport, QObje
     , m_rawData(options.rawFolders, options.rawEntries, options.rawEntrySize, options.rawFirstTimeUtc)
     , m_rawDataStreamer(m_rawData, m_encoder, transport)
     , m_commandGate(options.noAck, options.ackOnRetry)
+    , m_ftpServer(options, m_encoder, transport)
+    , m_firmware(options, m_encoder, transport, m_ftpServer)
     , m_parachuteOpenCount(options.parachuteCount)
     , m_failureCodes(options.failureCodes)
 {
@@ -77,6 +79,10 @@ void SimVehicle::dispatch(const mavlink_message_t& message)
     case MSG_ID_SKY_RAW_REQUEST_END: handleRawRequestEnd(message); break;
     case MSG_ID_SKY_PARACHUTE_COUNT_REQUEST: handleParachuteCountRequest(message); break;
     case MSG_ID_SKY_PARACHUTE_ROPE_RESET: handleRopeReset(message); break;
+    case MSG_ID_FILE_TRANSFER_PROTOCOL:
+    case MSG_ID_SKY_FIRMWARE_MANIFEST:
+    case MSG_ID_SKY_FIRMWARE_INSTALL:
+    case MSG_ID_SKY_FIRMWARE_VERSION_REQUEST: handleFirmwareMessage(message); break;
     default: break; // heartbeats of the ground station and anything an autopilot need not answer
     }
 }
@@ -440,4 +446,26 @@ void SimVehicle::handleRopeReset(const mavlink_message_t& message)
     ack.open_count_at_rope_reset = m_parachuteCountAtRopeReset;
     send(ack);
     sendParachuteNotice();
+}
+
+void SimVehicle::handleFirmwareMessage(const mavlink_message_t& message)
+{
+    switch (message.msgid) {
+    case MSG_ID_FILE_TRANSFER_PROTOCOL:
+        if (isForMe(SFileTransferProtocol::Unpack(message).target_system))
+            m_ftpServer.receive(message);
+        break;
+    case MSG_ID_SKY_FIRMWARE_MANIFEST:
+        if (isForMe(SSkyFirmwareManifest::Unpack(message).target_system))
+            m_firmware.handleManifest(message);
+        break;
+    case MSG_ID_SKY_FIRMWARE_INSTALL:
+        if (isForMe(SSkyFirmwareInstall::Unpack(message).target_system))
+            m_firmware.handleInstall(message);
+        break;
+    default:
+        if (isForMe(SSkyFirmwareVersionRequest::Unpack(message).target_system))
+            m_firmware.handleVersionRequest(message);
+        break;
+    }
 }

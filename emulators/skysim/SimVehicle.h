@@ -3,6 +3,8 @@
 #include "CLmMavlinkEncoder.h"
 #include "CLmMavlinkParser.h"
 #include "SimCommandGate.h"
+#include "SimFirmware.h"
+#include "SimFtpServer.h"
 #include "SimLogStore.h"
 #include "SimRawDataStore.h"
 #include "SimRawDataStreamer.h"
@@ -86,6 +88,7 @@ private:
     void handleRawEntryRequestData(const mavlink_message_t& message);
     void handleRawRequestEnd(const mavlink_message_t& message);
 
+    void handleFirmwareMessage(const mavlink_message_t& message);
     void handleParachuteCountRequest(const mavlink_message_t& message);
     void handleRopeReset(const mavlink_message_t& message);
 
@@ -100,6 +103,8 @@ private:
     SimRawDataStore m_rawData;
     SimRawDataStreamer m_rawDataStreamer;
     SimCommandGate m_commandGate;
+    SimFtpServer m_ftpServer;
+    SimFirmware m_firmware;
 
     QElapsedTimer m_uptime;
     QTimer m_heartbeatTimer;

@@ -93,11 +93,17 @@ struct SOptionSet {
                               QStringLiteral("Fill the parameter table up to N parameters (default: its own ~360)."),
                               QStringLiteral("N"), QStringLiteral("0")};
 
+    QCommandLineOption armed{QStringLiteral("armed"),
+                             QStringLiteral("The aircraft is armed and in the air: firmware upgrades are refused.")};
+    QCommandLineOption ftpLoseLastReply{
+        QStringLiteral("ftp-lose-last-reply"),
+        QStringLiteral("Lose the reply to the write that completes a firmware package, once.")};
     QList<QCommandLineOption> all() const
     {
         return {type, udp, bind, serial, baud, sysid, firmware, statusRate, parachuteCount, logs, logSize,
                 linkRate, loss, seed, noAck, ackOnRetry, silentAfter, silentFor, batteries, cells, lowCell,
-                missingBattery, failureCodes, params, rawFolders, rawEntries, rawEntrySize, rawFirstTime};
+                missingBattery, failureCodes, params, rawFolders, rawEntries, rawEntrySize, rawFirstTime,
+                armed, ftpLoseLastReply};
     }
 };
 
@@ -300,6 +306,8 @@ std::optional<SimOptions> parseOptions(const QCoreApplication& app)
     options.firmware = parser.value(set.firmware);
     options.noAck = parser.isSet(set.noAck);
     options.ackOnRetry = parser.isSet(set.ackOnRetry);
+    options.armed = parser.isSet(set.armed);
+    options.ftpLoseLastReply = parser.isSet(set.ftpLoseLastReply);
     return options;
 }
 

@@ -60,6 +60,18 @@ QString CLmCheckUpdateRet::HeldFirmwareVersion()
     return version.isEmpty() || !QFileInfo(file).isFile() ? QStringLiteral("0") : version;
 }
 
+QJsonObject CLmCheckUpdateRet::HeldFirmwarePackage()
+{
+    QJsonObject record = HeldFirmwareRecord();
+    // The name comes from the cloud: it never leaves the firmware folder.
+    const QString name = QFileInfo(record.value(QStringLiteral("file")).toString()).fileName();
+    const QString file = QDir(CLmUpdateFolders::Firmware()).filePath(name);
+    if (name.isEmpty() || !QFileInfo(file).isFile())
+        return {};
+    record.insert(QStringLiteral("file"), file);
+    return record;
+}
+
 void CLmCheckUpdateRet::CheckUpdate()
 {
     m_pFirmwareQuery->Query(QStringLiteral("firmware"), HeldFirmwareVersion());

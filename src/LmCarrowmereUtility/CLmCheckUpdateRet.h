@@ -24,6 +24,9 @@ public:
     // The version of the firmware package held in the firmware folder, "0"
     // when none is held.
     static QString HeldFirmwareVersion();
+    // The record of the held firmware package: "version", "file" (its full
+    // path) and "sha256" as the release announced them; empty when none is held.
+    static QJsonObject HeldFirmwarePackage();
 
 signals:
     // filePath: the verified firmware package.

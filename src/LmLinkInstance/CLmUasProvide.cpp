@@ -1,5 +1,6 @@
 #include "CLmUasProvide.h"
 
+#include "CLmFtpPayload.h"
 #include "CLmLinkProvide.h"
 #include "CLmParameterDownload.h"
 #include "CLmParameterSetAck.h"
@@ -8,6 +9,7 @@
 
 #include <QMutexLocker>
 
+#include <algorithm>
 #include <cstring>
 
 using namespace LmMavlink;
@@ -264,6 +266,34 @@ void CLmUasProvide::RequestRawEntryData(quint16 folderId, quint16 entryId, quint
 void CLmUasProvide::RequestRawEnd()
 {
     SendRequest<SSkyRawRequestEnd>(m_iComponentId);
+}
+
+void CLmUasProvide::SendFileTransfer(const CLmFtpPayload& request)
+{
+    SendRequest<SFileTransferProtocol>(m_iComponentId,
+                                       [request](SFileTransferProtocol& message) { request.WriteTo(message.payload); });
+}
+
+void CLmUasProvide::SendFirmwareManifest(quint32 size, const QByteArray& sha256, const QString& version,
+                                         const QString& fileName)
+{
+    SendRequest<SSkyFirmwareManifest>(m_iComponentId, [=](SSkyFirmwareManifest& manifest) {
+        manifest.size = size;
+        std::memcpy(manifest.sha256, sha256.constData(),
+                    std::min<std::size_t>(sizeof manifest.sha256, static_cast<std::size_t>(sha256.size())));
+        SetFieldText(manifest.version, version);
+        SetFieldText(manifest.file_name, fileName);
+    });
+}
+
+void CLmUasProvide::RequestFirmwareInstall()
+{
+    SendRequest<SSkyFirmwareInstall>(m_iComponentId);
+}
+
+void CLmUasProvide::RequestFirmwareVersion()
+{
+    SendRequest<SSkyFirmwareVersionRequest>(m_iComponentId);
 }
 
 void CLmUasProvide::RequestParameterList()

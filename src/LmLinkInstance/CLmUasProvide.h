@@ -17,6 +17,7 @@
 #include <functional>
 
 class CLmLinkProvide;
+class CLmFtpPayload;
 class CLmParameterDownload;
 class CLmParameterSetAck;
 
@@ -76,6 +77,12 @@ public:
     // count 0xFFFFFFFF asks for everything from offset to the end.
     void RequestRawEntryData(quint16 folderId, quint16 entryId, quint32 offset, quint32 count);
     void RequestRawEnd();
+    // Firmware upgrade: one file transfer protocol request, and the dialect's
+    // package manifest, install order and version request.
+    void SendFileTransfer(const CLmFtpPayload& request);
+    void SendFirmwareManifest(quint32 size, const QByteArray& sha256, const QString& version, const QString& fileName);
+    void RequestFirmwareInstall();
+    void RequestFirmwareVersion();
     void RequestParameterList();
     void RequestParameter(const QString& name);
     void RequestParameterByIndex(int index);

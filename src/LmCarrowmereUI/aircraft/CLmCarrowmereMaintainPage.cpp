@@ -1,6 +1,7 @@
 #include "CLmCarrowmereMaintainPage.h"
 
 #include "CLmFaultDiagnosisSection.h"
+#include "CLmFirmwareSection.h"
 #include "CLmPlaneStatus.h"
 #include "CLmRawDataDownloadWgt.h"
 #include "CLmUavSettings.h"
@@ -57,6 +58,11 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
         m_pFaultDiagnosis = new CLmFaultDiagnosisSection;
         m_pFaultDiagnosis->SetCurrentUas(m_pUas);
         return m_pFaultDiagnosis;
+    });
+    AddSection(m_pUi->m_pBtnFirmware, [this] {
+        m_pFirmware = new CLmFirmwareSection;
+        m_pFirmware->SetCurrentUas(m_pUas);
+        return m_pFirmware;
     });
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
@@ -141,6 +147,8 @@ void CLmCarrowmereMaintainPage::HandUasToSections()
         m_pRawDataDownload->SetCurrentUas(m_pUas);
     if (m_pFaultDiagnosis)
         m_pFaultDiagnosis->SetCurrentUas(m_pUas);
+    if (m_pFirmware)
+        m_pFirmware->SetCurrentUas(m_pUas);
     Q_EMIT CurrentUasChanged(m_pUas);
 }
 

@@ -11,6 +11,7 @@ namespace Ui {
 class CLmCarrowmereMaintainPage;
 }
 class CLmFaultDiagnosisSection;
+class CLmFirmwareSection;
 class CLmPlaneStatus;
 class CLmRawDataDownloadWgt;
 class CLmUasProvide;
@@ -78,6 +79,7 @@ private:
     CLmUavSettings* m_pUavSettings = nullptr;
     CLmRawDataDownloadWgt* m_pRawDataDownload = nullptr;
     CLmFaultDiagnosisSection* m_pFaultDiagnosis = nullptr;
+    CLmFirmwareSection* m_pFirmware = nullptr;
     QWidget* m_pMainWindow = nullptr;
     CLmUasProvide* m_pUas = nullptr;
     bool m_bDeviceConnectionArmed = true;

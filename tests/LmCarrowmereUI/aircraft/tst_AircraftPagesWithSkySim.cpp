@@ -1,13 +1,20 @@
 #include "CLmBatteryFrameWgt.h"
 #include "CLmDeployConfig.h"
+#include "CLmFirmwareController.h"
+#include "CLmFirmwareSection.h"
 #include "CLmPlaneStatus.h"
 #include "CLmUAVConnectObj.h"
 #include "CLmUasProvide.h"
 #include "CLmUavSettings.h"
 #include "CLmUavSettingsController.h"
+#include "CLmUpdateFolders.h"
 #include "CSkySimProcess.h"
 #include "ModalAnswer.h"
 
+#include <QCryptographicHash>
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -26,6 +33,8 @@ private Q_SLOTS:
     void batteryTabsShowWhatTheAircraftSent();
     void protectionTime_data();
     void protectionTime();
+    void firmwareUpgrade_data();
+    void firmwareUpgrade();
 
 private:
     CLmUasProvide* ConnectSkySim(const QStringList& arguments);
@@ -175,6 +184,59 @@ void tst_AircraftPagesWithSkySim::protectionTime()
     pUas->RequestParameter(QStringLiteral("GCS_TIMEOUT"));
     QTRY_COMPARE_WITH_TIMEOUT(read.count(), 1, 10000);
     QCOMPARE(read.first().first().toInt(), held);
+}
+
+void tst_AircraftPagesWithSkySim::firmwareUpgrade_data()
+{
+    QTest::addColumn<QStringList>("simArguments");
+    QTest::addColumn<QString>("refusal");   // the message instead of the confirmation, if any
+    QTest::addColumn<QString>("finalStatus");
+    QTest::addColumn<QString>("finalVersion");
+
+    QTest::newRow("on the ground") << QStringList{} << QString() << "Upgrade finished" << "2.1.0";
+    QTest::newRow("armed in the air") << QStringList{"--armed"} << "on the ground and disarmed" << QString()
+                                      << "2.0.0";
+}
+
+void tst_AircraftPagesWithSkySim::firmwareUpgrade()
+{
+    QFETCH(QStringList, simArguments);
+    QFETCH(QString, refusal);
+    QFETCH(QString, finalStatus);
+    QFETCH(QString, finalVersion);
+    // The package the update check downloaded and recorded.
+    const QByteArray package(40000, '\x3c');
+    QDir().mkpath(CLmUpdateFolders::Firmware());
+    QFile file(QDir(CLmUpdateFolders::Firmware()).filePath(QStringLiteral("firmware-2.1.0.pkg")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(package) == package.size());
+    file.close();
+    const QJsonObject record{
+        {"version", "2.1.0"},
+        {"file", "firmware-2.1.0.pkg"},
+        {"sha256", QString::fromLatin1(QCryptographicHash::hash(package, QCryptographicHash::Sha256).toHex())}};
+    QFile recordFile(QDir(CLmUpdateFolders::Firmware()).filePath(QStringLiteral("firmware.json")));
+    QVERIFY(recordFile.open(QIODevice::WriteOnly));
+    recordFile.write(QJsonDocument(record).toJson());
+    recordFile.close();
+
+    CLmUasProvide* pUas = ConnectSkySim(QStringList{"--firmware", "2.0.0"} + simArguments);
+    QVERIFY(pUas);
+    CLmFirmwareSection section;
+    section.SetCurrentUas(pUas);
+    CLmFirmwareController* controller = section.Controller();
+    QTRY_COMPARE_WITH_TIMEOUT(Text(&section, "m_pLblAircraftVersion"), QStringLiteral("2.0.0"), 10000);
+    QCOMPARE(Text(&section, "m_pLblPackageVersion"), QStringLiteral("2.1.0"));
+    QTRY_VERIFY_WITH_TIMEOUT(!controller->UpgradeRefusal().startsWith("Waiting"), 10000);
+
+    QObject scope;
+    QString seen;
+    ModalAnswer::PressWhenShown(QStringLiteral("m_pBtnOk"), &seen, 10000, nullptr, &scope);
+    section.findChild<QPushButton*>(QStringLiteral("m_pBtnUpgrade"))->click();
+    QTRY_VERIFY(!seen.isEmpty());
+    QVERIFY2(seen.contains(refusal.isEmpty() ? QStringLiteral("Install firmware 2.1.0") : refusal), qPrintable(seen));
+    QTRY_VERIFY_WITH_TIMEOUT(!controller->IsUpgrading(), 30000);
+    QCOMPARE(Text(&section, "m_pLblUpgradeStatus").contains(finalStatus), true);
+    QCOMPARE(Text(&section, "m_pLblAircraftVersion"), finalVersion);
 }
 
 QTEST_MAIN(tst_AircraftPagesWithSkySim)
