@@ -154,6 +154,10 @@
         <source>New firmware package: %1</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Firmware</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CLmCarrowmereProjMgrObj</name>
@@ -412,6 +416,104 @@
     </message>
     <message>
         <source>Critical</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmFirmwareController</name>
+    <message>
+        <source>Installing; the aircraft restarts...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No aircraft connected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An upgrade is already running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No firmware package has been downloaded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the aircraft to report whether it is on the ground.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft must be on the ground and disarmed to upgrade its firmware.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The firmware package cannot be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Uploading the firmware package...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upgrade finished: the aircraft runs firmware %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The link to the aircraft was lost during the upgrade.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft refused the upgrade: it is armed or in the air.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft refused the package: its checksum does not match. The old firmware stays.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft did not receive the package.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft refused the package upload.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmFirmwareSection</name>
+    <message>
+        <source>Aircraft firmware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Version on the aircraft</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloaded package</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upgrade</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 min %2 s remaining</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Install firmware %1 on the aircraft? Keep it on the ground and powered until it has restarted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware upgrade</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

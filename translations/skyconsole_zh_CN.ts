@@ -154,6 +154,10 @@
         <source>New firmware package: %1</source>
         <translation>新固件包：%1</translation>
     </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
 </context>
 <context>
     <name>CLmCarrowmereProjMgrObj</name>
@@ -413,6 +417,104 @@
     <message>
         <source>Critical</source>
         <translation>紧急</translation>
+    </message>
+</context>
+<context>
+    <name>CLmFirmwareController</name>
+    <message>
+        <source>Installing; the aircraft restarts...</source>
+        <translation>正在安装，飞机正在重启...</translation>
+    </message>
+    <message>
+        <source>No aircraft connected.</source>
+        <translation>未连接飞机。</translation>
+    </message>
+    <message>
+        <source>An upgrade is already running.</source>
+        <translation>升级已在进行中。</translation>
+    </message>
+    <message>
+        <source>No firmware package has been downloaded.</source>
+        <translation>尚未下载固件包。</translation>
+    </message>
+    <message>
+        <source>Waiting for the aircraft to report whether it is on the ground.</source>
+        <translation>正在等待飞机报告是否在地面。</translation>
+    </message>
+    <message>
+        <source>The aircraft must be on the ground and disarmed to upgrade its firmware.</source>
+        <translation>飞机必须在地面且已上锁才能升级固件。</translation>
+    </message>
+    <message>
+        <source>The firmware package cannot be read.</source>
+        <translation>无法读取固件包。</translation>
+    </message>
+    <message>
+        <source>Uploading the firmware package...</source>
+        <translation>正在上传固件包...</translation>
+    </message>
+    <message>
+        <source>Upgrade finished: the aircraft runs firmware %1.</source>
+        <translation>升级完成：飞机当前运行固件 %1。</translation>
+    </message>
+    <message>
+        <source>The link to the aircraft was lost during the upgrade.</source>
+        <translation>升级过程中与飞机的连接中断。</translation>
+    </message>
+    <message>
+        <source>The aircraft refused the upgrade: it is armed or in the air.</source>
+        <translation>飞机拒绝升级：飞机已解锁或在空中。</translation>
+    </message>
+    <message>
+        <source>The aircraft refused the package: its checksum does not match. The old firmware stays.</source>
+        <translation>飞机拒绝了固件包：校验和不匹配。原固件保持不变。</translation>
+    </message>
+    <message>
+        <source>The aircraft did not receive the package.</source>
+        <translation>飞机未收到固件包。</translation>
+    </message>
+    <message>
+        <source>The aircraft refused the package upload.</source>
+        <translation>飞机拒绝了固件包上传。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmFirmwareSection</name>
+    <message>
+        <source>Aircraft firmware</source>
+        <translation>飞机固件</translation>
+    </message>
+    <message>
+        <source>Version on the aircraft</source>
+        <translation>飞机上的版本</translation>
+    </message>
+    <message>
+        <source>Downloaded package</source>
+        <translation>已下载的固件包</translation>
+    </message>
+    <message>
+        <source>Upgrade</source>
+        <translation>升级</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>未知</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>%1 min %2 s remaining</source>
+        <translation>剩余 %1 分 %2 秒</translation>
+    </message>
+    <message>
+        <source>Install firmware %1 on the aircraft? Keep it on the ground and powered until it has restarted.</source>
+        <translation>在飞机上安装固件 %1？请保持飞机在地面并通电，直到重启完成。</translation>
+    </message>
+    <message>
+        <source>Firmware upgrade</source>
+        <translation>固件升级</translation>
     </message>
 </context>
 <context>
