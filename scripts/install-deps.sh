@@ -14,6 +14,7 @@ PACKAGES=(
   fonts-dejavu-core
   desktop-file-utils appstream dpkg-dev qttranslations5-l10n fonts-noto-cjk
   tzdata
+  libsodium-dev
 )
 missing=()
 for p in "${PACKAGES[@]}"; do

@@ -4,6 +4,8 @@
 #include "DemoSeeder.h"
 #include "FlightEndpoints.h"
 #include "FlightStore.h"
+#include "LicenceEndpoints.h"
+#include "LicenceStore.h"
 #include "ProjectEndpoints.h"
 #include "ProjectStore.h"
 #include "PushChannel.h"
@@ -111,11 +113,16 @@ int main(int argc, char* argv[])
     if (!shares.Open(&error))
         return Fail(error);
 
+    LicenceStore licences(parser.value(dataOption));
+    if (!licences.Open(&error))
+        return Fail(error);
+
     PushChannel channel(store);
     CloudServer server(store, channel, shelf, parser.isSet(exposeCodesOption));
     server.AddGroup(std::make_unique<ProjectEndpoints>(store, projects));
     server.AddGroup(std::make_unique<FlightEndpoints>(store, flights));
     server.AddGroup(std::make_unique<ShareEndpoints>(store, projects, shares, channel));
+    server.AddGroup(std::make_unique<LicenceEndpoints>(store, licences));
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));

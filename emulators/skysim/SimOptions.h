@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QSet>
 #include <QString>
 #include <QVector>
@@ -51,4 +52,6 @@ struct SimOptions {
     QSet<int> missingBatteries;       // battery ids that do not answer
     QSet<int> failureCodes;           // active failure codes of the multirotor
     int parameterCount = 0;           // the table is filled up to this many parameters
+
+    QByteArray licencePublicKey;      // the cloud's Ed25519 key; empty: no licence checks (a key dongle)
 };

@@ -27,6 +27,7 @@ SimVehicle::SimVehicle(const SimOptions& options, SimTransport& transport, QObje
     , m_rawData(options.rawFolders, options.rawEntries, options.rawEntrySize, options.rawFirstTimeUtc)
     , m_rawDataStreamer(m_rawData, m_encoder, transport)
     , m_commandGate(options.noAck, options.ackOnRetry)
+    , m_licence(m_reports.serialNumber(), options.licencePublicKey)
     , m_parachuteOpenCount(options.parachuteCount)
     , m_failureCodes(options.failureCodes)
 {
@@ -77,6 +78,8 @@ void SimVehicle::dispatch(const mavlink_message_t& message)
     case MSG_ID_SKY_RAW_REQUEST_END: handleRawRequestEnd(message); break;
     case MSG_ID_SKY_PARACHUTE_COUNT_REQUEST: handleParachuteCountRequest(message); break;
     case MSG_ID_SKY_PARACHUTE_ROPE_RESET: handleRopeReset(message); break;
+    case MSG_ID_SKY_LICENCE_REQUEST: handleLicenceRequest(message); break;
+    case MSG_ID_SKY_LICENCE_WRITE: handleLicenceWrite(message); break;
     default: break; // heartbeats of the ground station and anything an autopilot need not answer
     }
 }
@@ -123,7 +126,7 @@ bool SimVehicle::heartbeatsSilenced() const
 void SimVehicle::announceIdentity()
 {
     send(m_reports.planeInfo());
-    send(m_reports.keyStatus());
+    send(m_licence.keyStatus());
 }
 
 void SimVehicle::sendStatusStream()
@@ -206,7 +209,7 @@ SimVehicle::SCommandOutcome SimVehicle::requestMessage(uint32_t msgid)
     case MSG_ID_BATTERY_STATUS: return {MAV_RESULT_ACCEPTED, [this] { sendBatteryStatus(); }};
     case MSG_ID_SMART_BATTERY_INFO: return {MAV_RESULT_ACCEPTED, [this] { sendSmartBatteryInfo(); }};
     case MSG_ID_SKY_PLANE_INFO: return {MAV_RESULT_ACCEPTED, [this] { send(m_reports.planeInfo()); }};
-    case MSG_ID_SKY_KEY_STATUS: return {MAV_RESULT_ACCEPTED, [this] { send(m_reports.keyStatus()); }};
+    case MSG_ID_SKY_KEY_STATUS: return {MAV_RESULT_ACCEPTED, [this] { send(m_licence.keyStatus()); }};
     case MSG_ID_SKY_PARACHUTE_NOTICE: return {MAV_RESULT_ACCEPTED, [this] { sendParachuteNotice(); }};
     case MSG_ID_SKY_FIXWING_STATUS:
     case MSG_ID_SKY_FIXWING_BATTERY:
@@ -440,4 +443,27 @@ void SimVehicle::handleRopeReset(const mavlink_message_t& message)
     ack.open_count_at_rope_reset = m_parachuteCountAtRopeReset;
     send(ack);
     sendParachuteNotice();
+}
+
+// ---- licence ----
+
+void SimVehicle::handleLicenceRequest(const mavlink_message_t& message)
+{
+    if (isForMe(SSkyLicenceRequest::Unpack(message).target_system))
+        send(m_licence.status(SKY_LICENCE_RESULT_REPORT));
+}
+
+// A licence that was kept changes the key status, which the aircraft
+// announces as it does for a key dongle plugged in.
+void SimVehicle::handleLicenceWrite(const mavlink_message_t& message)
+{
+    const SSkyLicenceWrite piece = SSkyLicenceWrite::Unpack(message);
+    if (!isForMe(piece.target_system))
+        return;
+    const std::optional<uint8_t> verdict = m_licence.receivePiece(piece);
+    if (!verdict)
+        return;
+    send(m_licence.status(*verdict));
+    if (*verdict == SKY_LICENCE_RESULT_ACCEPTED)
+        send(m_licence.keyStatus());
 }

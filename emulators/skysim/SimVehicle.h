@@ -3,6 +3,7 @@
 #include "CLmMavlinkEncoder.h"
 #include "CLmMavlinkParser.h"
 #include "SimCommandGate.h"
+#include "SimLicence.h"
 #include "SimLogStore.h"
 #include "SimRawDataStore.h"
 #include "SimRawDataStreamer.h"
@@ -87,6 +88,8 @@ private:
     void handleRawRequestEnd(const mavlink_message_t& message);
 
     void handleParachuteCountRequest(const mavlink_message_t& message);
+    void handleLicenceRequest(const mavlink_message_t& message);
+    void handleLicenceWrite(const mavlink_message_t& message);
     void handleRopeReset(const mavlink_message_t& message);
 
     SimOptions m_options;
@@ -100,6 +103,7 @@ private:
     SimRawDataStore m_rawData;
     SimRawDataStreamer m_rawDataStreamer;
     SimCommandGate m_commandGate;
+    SimLicence m_licence;
 
     QElapsedTimer m_uptime;
     QTimer m_heartbeatTimer;

@@ -76,6 +76,12 @@ public:
     // count 0xFFFFFFFF asks for everything from offset to the end.
     void RequestRawEntryData(quint16 folderId, quint16 entryId, quint32 offset, quint32 count);
     void RequestRawEnd();
+    // The aircraft's licence (SKY_LICENCE_* messages; the answers are read
+    // by CLmLicenceLink from messageReceived). A piece holds at most
+    // LicencePieceSize bytes.
+    static constexpr int LicencePieceSize = 200;
+    void RequestLicence();
+    void WriteLicencePiece(quint16 totalLength, quint16 offset, const QByteArray& piece);
     void RequestParameterList();
     void RequestParameter(const QString& name);
     void RequestParameterByIndex(int index);

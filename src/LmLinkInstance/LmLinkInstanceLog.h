@@ -17,3 +17,5 @@ Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceUsb)
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceBase)
 // sky.linkinstance.raw: the GNSS receiver's raw-data folders fetched over the aircraft link.
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceRaw)
+// sky.linkinstance.licence: the aircraft's licence read and written over its link.
+Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceLicence)
