@@ -1,5 +1,6 @@
 #include "CLmCarrowmereMaintainPage.h"
 
+#include "CLmLicencePage.h"
 #include "CLmPlaneStatus.h"
 #include "CLmRawDataDownloadWgt.h"
 #include "CLmUavSettings.h"
@@ -51,6 +52,11 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
         m_pRawDataDownload = new CLmRawDataDownloadWgt;
         m_pRawDataDownload->SetCurrentUas(m_pUas);
         return m_pRawDataDownload;
+    });
+    AddSection(m_pUi->m_pBtnLicence, [this] {
+        m_pLicence = new CLmLicencePage;
+        m_pLicence->SetCurrentUas(m_pUas);
+        return m_pLicence;
     });
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
@@ -133,6 +139,8 @@ void CLmCarrowmereMaintainPage::HandUasToSections()
         m_pUavSettings->SetUas(m_pUas);
     if (m_pRawDataDownload)
         m_pRawDataDownload->SetCurrentUas(m_pUas);
+    if (m_pLicence)
+        m_pLicence->SetCurrentUas(m_pUas);
     Q_EMIT CurrentUasChanged(m_pUas);
 }
 

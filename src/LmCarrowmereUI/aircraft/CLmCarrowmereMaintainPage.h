@@ -10,6 +10,7 @@
 namespace Ui {
 class CLmCarrowmereMaintainPage;
 }
+class CLmLicencePage;
 class CLmPlaneStatus;
 class CLmRawDataDownloadWgt;
 class CLmUasProvide;
@@ -76,6 +77,7 @@ private:
     CLmPlaneStatus* m_pPlaneStatus = nullptr;
     CLmUavSettings* m_pUavSettings = nullptr;
     CLmRawDataDownloadWgt* m_pRawDataDownload = nullptr;
+    CLmLicencePage* m_pLicence = nullptr;
     QWidget* m_pMainWindow = nullptr;
     CLmUasProvide* m_pUas = nullptr;
     bool m_bDeviceConnectionArmed = true;
