@@ -57,7 +57,8 @@ const std::map<uint32_t, RoundTrip>& usedMessages()
         SSkyPlaneInfo, SSkyRadioInfo, SSkyKeyStatus, SSkyParachuteNotice, SSkyParachuteCountRequest,
         SSkyParachuteRopeReset, SSkyParachuteRopeResetAck, SSkyFixwingBattery, SSkyCalibrationFailureCode,
         SSkyRawFolderRequestList, SSkyRawFolderEntry, SSkyRawEntryRequestList, SSkyRawEntry,
-        SSkyRawEntryRequestData, SSkyRawEntryData, SSkyRawRequestEnd>();
+        SSkyRawEntryRequestData, SSkyRawEntryData, SSkyRawRequestEnd,
+        SSkyLicenceRequest, SSkyLicenceWrite, SSkyLicenceStatus>();
     return table;
 }
 

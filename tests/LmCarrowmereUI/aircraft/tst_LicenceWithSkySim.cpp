@@ -1,8 +1,7 @@
 #include "CLmLicenceController.h"
 #include "CLmLicenceLink.h"
-#include "CLmMavlinkParser.h"
 #include "CLmUasProvide.h"
-#include "CLmUdpLink.h"
+#include "CLoopbackAircraft.h"
 #include "CSkyCloudProcess.h"
 #include "CSkySimProcess.h"
 #include "LmLicenceState.h"
@@ -81,9 +80,7 @@ private:
     bool StartSim(CSkySimProcess& sim, const QStringList& arguments);
     SLmLicenceInfo Exchange(CLmLicenceLink& link, const QByteArray& signedLicence);
 
-    std::unique_ptr<CLmUdpLink> m_pWire;
-    std::unique_ptr<CLmUasProvide> m_pUas;
-    CLmMavlinkParser m_parser;
+    std::unique_ptr<CLoopbackAircraft> m_pAircraft;
 };
 
 void tst_LicenceWithSkySim::initTestCase()
@@ -93,25 +90,18 @@ void tst_LicenceWithSkySim::initTestCase()
 
 void tst_LicenceWithSkySim::init()
 {
-    m_pWire = std::make_unique<CLmUdpLink>(1, 0);
-    m_pWire->Connect();
-    m_pUas = std::make_unique<CLmUasProvide>(m_pWire.get(), 1, 1);
-    connect(m_pWire.get(), &CLmLinkProvide::bytesReceived, m_pUas.get(), [this](const QByteArray& bytes) {
-        for (const mavlink_message_t& frame : m_parser.Parse(bytes))
-            m_pUas->HandleMessage(frame);
-    });
+    m_pAircraft = std::make_unique<CLoopbackAircraft>();
 }
 
 void tst_LicenceWithSkySim::cleanup()
 {
-    m_pUas.reset();
-    m_pWire.reset();
+    m_pAircraft.reset();
 }
 
 bool tst_LicenceWithSkySim::StartSim(CSkySimProcess& sim, const QStringList& arguments)
 {
-    QSignalSpy heard(m_pUas.get(), &CLmUasProvide::messageReceived);
-    return sim.Start(QStringList{"--udp", QStringLiteral("127.0.0.1:%1").arg(m_pWire->GetLocalPort())} + arguments)
+    QSignalSpy heard(m_pAircraft->Uas(), &CLmUasProvide::messageReceived);
+    return sim.Start(m_pAircraft->SimArguments() + arguments)
         && (!heard.isEmpty() || heard.wait(10000));
 }
 
@@ -188,7 +178,7 @@ void tst_LicenceWithSkySim::aircraftKeepsOnlyVerifiedOwnLicences()
     QFETCH(QString, heldExpiry);
     CSkySimProcess sim;
     QVERIFY(StartSim(sim, {"--licence-key", QString::fromLatin1(CloudKey().publicKey.toHex())}));
-    CLmLicenceLink link(m_pUas.get());
+    CLmLicenceLink link(m_pAircraft->Uas());
     QCOMPARE(Exchange(link, CloudKey().Sign(LicenceText(kSimSerial, "2030-01-01"))).eResult, SLmLicenceInfo::Accepted);
 
     const SLmLicenceInfo answer = Exchange(link, offered);
@@ -238,10 +228,10 @@ void tst_LicenceWithSkySim::refreshFromCloud()
     CSkySimProcess sim;
     QVERIFY(StartSim(sim, {"--licence-cloud", QString::fromLatin1(cloud.BaseUrl())}));
     QString lastKeyStatus;
-    connect(m_pUas.get(), &CLmUasProvide::KeyStatusString, this, [&](const QString& text) { lastKeyStatus = text; });
+    connect(m_pAircraft->Uas(), &CLmUasProvide::KeyStatusString, this, [&](const QString& text) { lastKeyStatus = text; });
 
     CLmLicenceController controller;
-    controller.SetCurrentUas(m_pUas.get());
+    controller.SetCurrentUas(m_pAircraft->Uas());
     QTRY_VERIFY_WITH_TIMEOUT(!controller.IsBusy(), 10000);
     QCOMPARE(controller.State(), EState::Missing);
     QVERIFY(controller.Refresh());
@@ -251,7 +241,7 @@ void tst_LicenceWithSkySim::refreshFromCloud()
     QCOMPARE(controller.State(), state);
     QCOMPARE(controller.Licence().strAircraftSerial, kSimSerial);
     QCOMPARE(controller.Licence().strLicenceSerial, signedIn ? kSimSerial : QString());
-    m_pUas->RequestMessage(LmMavlink::MSG_ID_SKY_KEY_STATUS);
+    m_pAircraft->Uas()->RequestMessage(LmMavlink::MSG_ID_SKY_KEY_STATUS);
     QTRY_VERIFY2_WITH_TIMEOUT(lastKeyStatus.startsWith(keyStatus), qPrintable(lastKeyStatus), 10000);
 }
 
