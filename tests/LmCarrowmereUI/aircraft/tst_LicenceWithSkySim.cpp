@@ -1,6 +1,7 @@
 #include "CLmLicenceController.h"
 #include "CLmLicenceLink.h"
 #include "CLmUasProvide.h"
+#include "CCannedHttpPeer.h"
 #include "CLoopbackAircraft.h"
 #include "CSkyCloudProcess.h"
 #include "CSkySimProcess.h"
@@ -74,6 +75,8 @@ private Q_SLOTS:
     void aircraftKeepsOnlyVerifiedOwnLicences();
     void refreshFromCloud_data();
     void refreshFromCloud();
+    void refreshWithUnusableReply_data();
+    void refreshWithUnusableReply();
 
 private:
     // Starts skysim talking to the link and waits for its first frame.
@@ -193,21 +196,28 @@ void tst_LicenceWithSkySim::aircraftKeepsOnlyVerifiedOwnLicences()
 void tst_LicenceWithSkySim::refreshFromCloud_data()
 {
     QTest::addColumn<bool>("signedIn");
+    QTest::addColumn<bool>("trustsCloud"); // skysim fetched the cloud's key
     QTest::addColumn<int>("expiryInDays"); // set by the administrator; 0: the account's default terms
     QTest::addColumn<EState>("state");
     QTest::addColumn<QString>("status");
     QTest::addColumn<QString>("keyStatus");
-    QTest::newRow("default terms") << true << 0 << EState::Valid << "Licence refreshed." << "Welcome, licence valid until";
+    QTest::newRow("default terms")
+        << true << true << 0 << EState::Valid << "Licence refreshed." << "Welcome, licence valid until";
     QTest::newRow("expiry set 10 days ahead")
-        << true << 10 << EState::Expiring << "Licence refreshed." << "Welcome, licence valid until";
-    QTest::newRow("expiry set to yesterday") << true << -1 << EState::Expired << "Licence refreshed." << "Licence expired on";
+        << true << true << 10 << EState::Expiring << "Licence refreshed." << "Welcome, licence valid until";
+    QTest::newRow("expiry set to yesterday")
+        << true << true << -1 << EState::Expired << "Licence refreshed." << "Licence expired on";
     QTest::newRow("not signed in")
-        << false << 0 << EState::Missing << "The cloud did not issue a licence: Missing token" << "No licence";
+        << false << true << 0 << EState::Missing << "The cloud did not issue a licence: Missing token" << "No licence";
+    QTest::newRow("aircraft without the cloud's key")
+        << true << false << 0 << EState::Missing << "The aircraft cannot check licences; it kept none."
+        << "Welcome, licence key valid";
 }
 
 void tst_LicenceWithSkySim::refreshFromCloud()
 {
     QFETCH(bool, signedIn);
+    QFETCH(bool, trustsCloud);
     QFETCH(int, expiryInDays);
     QFETCH(EState, state);
     QFETCH(QString, status);
@@ -226,7 +236,8 @@ void tst_LicenceWithSkySim::refreshFromCloud()
     }
     TestSession::SetSession(signedIn ? QString::fromLatin1(cloud.SignIn("13800000001")) : QString(), "1");
     CSkySimProcess sim;
-    QVERIFY(StartSim(sim, {"--licence-cloud", QString::fromLatin1(cloud.BaseUrl())}));
+    QVERIFY(StartSim(sim, trustsCloud ? QStringList{"--licence-cloud", QString::fromLatin1(cloud.BaseUrl())}
+                                      : QStringList()));
     QString lastKeyStatus;
     connect(m_pAircraft->Uas(), &CLmUasProvide::KeyStatusString, this, [&](const QString& text) { lastKeyStatus = text; });
 
@@ -240,9 +251,45 @@ void tst_LicenceWithSkySim::refreshFromCloud()
     QCOMPARE(controller.StatusText(), status);
     QCOMPARE(controller.State(), state);
     QCOMPARE(controller.Licence().strAircraftSerial, kSimSerial);
-    QCOMPARE(controller.Licence().strLicenceSerial, signedIn ? kSimSerial : QString());
+    QCOMPARE(controller.Licence().strLicenceSerial, state == EState::Missing ? QString() : kSimSerial);
     m_pAircraft->Uas()->RequestMessage(LmMavlink::MSG_ID_SKY_KEY_STATUS);
     QTRY_VERIFY2_WITH_TIMEOUT(lastKeyStatus.startsWith(keyStatus), qPrintable(lastKeyStatus), 10000);
+}
+
+void tst_LicenceWithSkySim::refreshWithUnusableReply_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("why");
+    QTest::newRow("not JSON") << QByteArray("<html>busy</html>") << "its reply could not be read";
+    QTest::newRow("refused in the envelope")
+        << QByteArray(R"({"status":400,"message":"Not an aircraft serial number","data":{}})")
+        << "Not an aircraft serial number";
+    QTest::newRow("no licence in the data") << QByteArray(R"({"status":0,"message":"OK","data":{}})")
+                                            << "its reply holds no licence";
+    QTest::newRow("licence not in base64")
+        << QByteArray(R"({"status":0,"message":"OK","data":{"licence":"**not base64**"}})")
+        << "its reply holds no licence";
+}
+
+// Nothing reaches the aircraft; the section can refresh again.
+void tst_LicenceWithSkySim::refreshWithUnusableReply()
+{
+    QFETCH(QByteArray, body);
+    QFETCH(QString, why);
+    CCannedHttpPeer cloud(CCannedHttpPeer::Reply("200 OK", body));
+    TestSession::PointCloudAt(cloud.BaseUrl());
+    TestSession::SetSession(QStringLiteral("token-1"), QStringLiteral("1"));
+    CSkySimProcess sim;
+    QVERIFY(StartSim(sim, {"--licence-key", QString::fromLatin1(CloudKey().publicKey.toHex())}));
+    CLmLicenceController controller;
+    controller.SetCurrentUas(m_pAircraft->Uas());
+    QTRY_VERIFY_WITH_TIMEOUT(!controller.IsBusy(), 10000);
+
+    QVERIFY(controller.Refresh());
+    QTRY_VERIFY_WITH_TIMEOUT(!controller.IsBusy(), 10000);
+    QCOMPARE(controller.StatusText(), QStringLiteral("The cloud did not issue a licence: %1").arg(why));
+    QCOMPARE(controller.State(), EState::Missing);
+    QVERIFY(controller.Refresh());
 }
 
 QTEST_GUILESS_MAIN(tst_LicenceWithSkySim)
