@@ -17,6 +17,7 @@ PACKAGES=(
   tzdata
   libsqlite3-dev
   rapidjson-dev
+  libsodium-dev
 )
 missing=()
 for p in "${PACKAGES[@]}"; do

@@ -158,6 +158,10 @@
         <source>Firmware</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Licence key</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CLmCarrowmereProjMgrObj</name>
@@ -611,6 +615,128 @@
     </message>
     <message>
         <source>SkyConsole</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmLicenceController</name>
+    <message>
+        <source>No aircraft connected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the aircraft&apos;s licence...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please wait until the licence exchange running now has ended.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asking the cloud for a renewed licence...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the cloud cannot be reached</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its reply could not be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its reply holds no licence</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing the licence to the aircraft...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The cloud did not issue a licence: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft did not report its serial number; no licence can be issued for it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft did not answer about its licence.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Licence refreshed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft refused the licence: its signature does not verify. The licence it holds is kept.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft refused the licence: it belongs to another aircraft. The licence it holds is kept.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft cannot check licences; it kept none.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The aircraft refused the licence: it cannot be read. The licence it holds is kept.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmLicencePage</name>
+    <message>
+        <source>Licence key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bound to serial number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Expiry date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Features</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refresh asks the cloud for a renewed licence for this aircraft and writes it to the aircraft, which checks the cloud&apos;s signature before it keeps it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Valid</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Expiring within 30 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Expired</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No aircraft connected</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

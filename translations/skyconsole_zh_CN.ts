@@ -158,6 +158,10 @@
         <source>Firmware</source>
         <translation>固件</translation>
     </message>
+    <message>
+        <source>Licence key</source>
+        <translation>许可证密钥</translation>
+    </message>
 </context>
 <context>
     <name>CLmCarrowmereProjMgrObj</name>
@@ -612,6 +616,128 @@
     <message>
         <source>SkyConsole</source>
         <translation>SkyConsole</translation>
+    </message>
+</context>
+<context>
+    <name>CLmLicenceController</name>
+    <message>
+        <source>No aircraft connected.</source>
+        <translation>未连接飞机。</translation>
+    </message>
+    <message>
+        <source>Reading the aircraft&apos;s licence...</source>
+        <translation>正在读取飞机的许可证...</translation>
+    </message>
+    <message>
+        <source>Please wait until the licence exchange running now has ended.</source>
+        <translation>请等待当前的许可证交换结束。</translation>
+    </message>
+    <message>
+        <source>Asking the cloud for a renewed licence...</source>
+        <translation>正在向云端申请续期许可证...</translation>
+    </message>
+    <message>
+        <source>the cloud cannot be reached</source>
+        <translation>无法连接云端</translation>
+    </message>
+    <message>
+        <source>its reply could not be read</source>
+        <translation>其回复无法读取</translation>
+    </message>
+    <message>
+        <source>its reply holds no licence</source>
+        <translation>其回复中没有许可证</translation>
+    </message>
+    <message>
+        <source>Writing the licence to the aircraft...</source>
+        <translation>正在将许可证写入飞机...</translation>
+    </message>
+    <message>
+        <source>The cloud did not issue a licence: %1</source>
+        <translation>云端未签发许可证：%1</translation>
+    </message>
+    <message>
+        <source>The aircraft did not report its serial number; no licence can be issued for it.</source>
+        <translation>飞机未报告其序列号，无法为其签发许可证。</translation>
+    </message>
+    <message>
+        <source>The aircraft did not answer about its licence.</source>
+        <translation>飞机未应答许可证请求。</translation>
+    </message>
+    <message>
+        <source>Licence refreshed.</source>
+        <translation>许可证已更新。</translation>
+    </message>
+    <message>
+        <source>The aircraft refused the licence: its signature does not verify. The licence it holds is kept.</source>
+        <translation>飞机拒绝了该许可证：签名校验失败。飞机保留原有许可证。</translation>
+    </message>
+    <message>
+        <source>The aircraft refused the licence: it belongs to another aircraft. The licence it holds is kept.</source>
+        <translation>飞机拒绝了该许可证：它属于另一架飞机。飞机保留原有许可证。</translation>
+    </message>
+    <message>
+        <source>The aircraft cannot check licences; it kept none.</source>
+        <translation>飞机无法校验许可证，未保存任何许可证。</translation>
+    </message>
+    <message>
+        <source>The aircraft refused the licence: it cannot be read. The licence it holds is kept.</source>
+        <translation>飞机拒绝了该许可证：无法读取。飞机保留原有许可证。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmLicencePage</name>
+    <message>
+        <source>Licence key</source>
+        <translation>许可证密钥</translation>
+    </message>
+    <message>
+        <source>Bound to serial number</source>
+        <translation>绑定序列号</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Expiry date</source>
+        <translation>到期日期</translation>
+    </message>
+    <message>
+        <source>Features</source>
+        <translation>功能</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Refresh asks the cloud for a renewed licence for this aircraft and writes it to the aircraft, which checks the cloud&apos;s signature before it keeps it.</source>
+        <translation>刷新会向云端申请此飞机的续期许可证并写入飞机，飞机在保存前会校验云端签名。</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Valid</source>
+        <translation>有效</translation>
+    </message>
+    <message>
+        <source>Expiring within 30 days</source>
+        <translation>30 天内到期</translation>
+    </message>
+    <message>
+        <source>Expired</source>
+        <translation>已过期</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>缺失</translation>
+    </message>
+    <message>
+        <source>No aircraft connected</source>
+        <translation>未连接飞机</translation>
     </message>
 </context>
 <context>

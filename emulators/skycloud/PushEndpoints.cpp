@@ -41,20 +41,6 @@ void PushEndpoints::MessageList(const httplib::Request& req, httplib::Response& 
         Envelope::Ok(res, m_store.Messages(account->id));
 }
 
-bool PushEndpoints::RequireAdmin(const httplib::Request& req, httplib::Response& res) const
-{
-    const QByteArray token = QByteArray::fromStdString(req.get_header_value("admin-token")).trimmed();
-    if (token.isEmpty()) {
-        Envelope::Fail(res, 401, QStringLiteral("Missing admin token"));
-        return false;
-    }
-    if (!m_store.IsAdminToken(token)) {
-        Envelope::Fail(res, 401, QStringLiteral("Invalid admin token"));
-        return false;
-    }
-    return true;
-}
-
 std::optional<Account> PushEndpoints::Recipient(const httplib::Request& req, httplib::Response& res) const
 {
     const FormFields form(req);
@@ -73,7 +59,7 @@ std::optional<Account> PushEndpoints::Recipient(const httplib::Request& req, htt
 
 void PushEndpoints::Send(const httplib::Request& req, httplib::Response& res)
 {
-    if (!RequireAdmin(req, res))
+    if (!m_guard.RequireAdmin(req, res))
         return;
     const FormFields form(req);
     if (!form.RequireAll({"action"}, res))

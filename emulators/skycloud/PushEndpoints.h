@@ -24,7 +24,6 @@ private:
     void MessageList(const httplib::Request& req, httplib::Response& res);
     void Send(const httplib::Request& req, httplib::Response& res);
 
-    bool RequireAdmin(const httplib::Request& req, httplib::Response& res) const;
     std::optional<Account> Recipient(const httplib::Request& req, httplib::Response& res) const;
 
     CloudStore& m_store;

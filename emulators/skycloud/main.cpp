@@ -10,6 +10,8 @@
 #include "LogStorageStore.h"
 #include "NoflyZoneEndpoints.h"
 #include "NoflyZoneStore.h"
+#include "LicenceEndpoints.h"
+#include "LicenceStore.h"
 #include "ProjectEndpoints.h"
 #include "ProjectStore.h"
 #include "PushChannel.h"
@@ -137,6 +139,9 @@ int main(int argc, char* argv[])
     NoflyZoneStore noflyZones(parser.value(dataOption));
     if (!noflyZones.Open(&error))
         return Fail(error);
+    LicenceStore licences(parser.value(dataOption));
+    if (!licences.Open(&error))
+        return Fail(error);
 
     PushChannel channel(store);
     CloudServer server(store, channel, shelf, parser.isSet(exposeCodesOption));
@@ -153,6 +158,7 @@ int main(int argc, char* argv[])
                                    return LogStorageEndpoints::AdmitUploader(logStorage, req, res);
                                });
     server.AddGroup(std::make_unique<NoflyZoneEndpoints>(store, noflyZones));
+    server.AddGroup(std::make_unique<LicenceEndpoints>(store, licences));
     const int boundPort = server.Bind(port);
     if (boundPort < 0)
         return Fail(QStringLiteral("cannot listen on 127.0.0.1:%1").arg(port));

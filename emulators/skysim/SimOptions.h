@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QSet>
 #include <QString>
 #include <QVector>
@@ -54,4 +55,5 @@ struct SimOptions {
 
     bool armed = false;             // armed and in the air: firmware upgrades are refused
     bool ftpLoseLastReply = false;  // the reply to the write that completes a firmware package is lost once
+    QByteArray licencePublicKey;      // the cloud's Ed25519 key; empty: no licence checks (a key dongle)
 };

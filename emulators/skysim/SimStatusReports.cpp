@@ -148,14 +148,6 @@ SSkyPlaneInfo SimStatusReports::planeInfo() const
     return message;
 }
 
-SSkyKeyStatus SimStatusReports::keyStatus() const
-{
-    SSkyKeyStatus message;
-    message.state = SKY_KEY_STATE_VALID;
-    setFieldText(message.text, QByteArrayLiteral("Welcome, licence key valid"));
-    return message;
-}
-
 SSkyFixwingStatus SimStatusReports::fixwingStatus(uint32_t parachuteOpenCount) const
 {
     SSkyFixwingStatus message;

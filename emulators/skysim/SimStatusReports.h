@@ -22,7 +22,6 @@ public:
     LmMavlink::SSysStatus sysStatus() const;
     LmMavlink::SAutopilotVersion autopilotVersion() const;
     LmMavlink::SSkyPlaneInfo planeInfo() const;
-    LmMavlink::SSkyKeyStatus keyStatus() const;
     LmMavlink::SSkyFixwingStatus fixwingStatus(uint32_t parachuteOpenCount) const;
     LmMavlink::SSkyFixwingBattery fixwingBattery() const;
     LmMavlink::SSkyMultirotorStatus multirotorStatus() const;
@@ -37,12 +36,12 @@ public:
     // Cell voltage of a battery in mV; the same figures BATTERY_STATUS carries.
     uint16_t cellVoltage(int battery, int cell) const;
     int cellCount(int battery) const;
+    QByteArray serialNumber() const;
 
 private:
     bool isFixedWing() const { return m_options.airframe == SimAirframe::FixedWing; }
     uint32_t batteryVoltage(int index) const;
     int32_t ratedCapacity() const;
-    QByteArray serialNumber() const;
 
     SimOptions m_options;
 };

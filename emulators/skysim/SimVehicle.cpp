@@ -29,6 +29,7 @@ SimVehicle::SimVehicle(const SimOptions& options, SimTransport& transport, QObje
     , m_commandGate(options.noAck, options.ackOnRetry)
     , m_ftpServer(options, m_encoder, transport)
     , m_firmware(options, m_encoder, transport, m_ftpServer)
+    , m_licence(m_reports.serialNumber(), options.licencePublicKey)
     , m_parachuteOpenCount(options.parachuteCount)
     , m_failureCodes(options.failureCodes)
 {
@@ -83,6 +84,8 @@ void SimVehicle::dispatch(const mavlink_message_t& message)
     case MSG_ID_SKY_FIRMWARE_MANIFEST:
     case MSG_ID_SKY_FIRMWARE_INSTALL:
     case MSG_ID_SKY_FIRMWARE_VERSION_REQUEST: handleFirmwareMessage(message); break;
+    case MSG_ID_SKY_LICENCE_REQUEST: handleLicenceRequest(message); break;
+    case MSG_ID_SKY_LICENCE_WRITE: handleLicenceWrite(message); break;
     default: break; // heartbeats of the ground station and anything an autopilot need not answer
     }
 }
@@ -129,7 +132,7 @@ bool SimVehicle::heartbeatsSilenced() const
 void SimVehicle::announceIdentity()
 {
     send(m_reports.planeInfo());
-    send(m_reports.keyStatus());
+    send(m_licence.keyStatus());
 }
 
 void SimVehicle::sendStatusStream()
@@ -212,7 +215,7 @@ SimVehicle::SCommandOutcome SimVehicle::requestMessage(uint32_t msgid)
     case MSG_ID_BATTERY_STATUS: return {MAV_RESULT_ACCEPTED, [this] { sendBatteryStatus(); }};
     case MSG_ID_SMART_BATTERY_INFO: return {MAV_RESULT_ACCEPTED, [this] { sendSmartBatteryInfo(); }};
     case MSG_ID_SKY_PLANE_INFO: return {MAV_RESULT_ACCEPTED, [this] { send(m_reports.planeInfo()); }};
-    case MSG_ID_SKY_KEY_STATUS: return {MAV_RESULT_ACCEPTED, [this] { send(m_reports.keyStatus()); }};
+    case MSG_ID_SKY_KEY_STATUS: return {MAV_RESULT_ACCEPTED, [this] { send(m_licence.keyStatus()); }};
     case MSG_ID_SKY_PARACHUTE_NOTICE: return {MAV_RESULT_ACCEPTED, [this] { sendParachuteNotice(); }};
     case MSG_ID_SKY_FIXWING_STATUS:
     case MSG_ID_SKY_FIXWING_BATTERY:
@@ -468,4 +471,27 @@ void SimVehicle::handleFirmwareMessage(const mavlink_message_t& message)
             m_firmware.handleVersionRequest(message);
         break;
     }
+}
+
+// ---- licence ----
+
+void SimVehicle::handleLicenceRequest(const mavlink_message_t& message)
+{
+    if (isForMe(SSkyLicenceRequest::Unpack(message).target_system))
+        send(m_licence.status(SKY_LICENCE_RESULT_REPORT));
+}
+
+// A licence that was kept changes the key status, which the aircraft
+// announces as it does for a key dongle plugged in.
+void SimVehicle::handleLicenceWrite(const mavlink_message_t& message)
+{
+    const SSkyLicenceWrite piece = SSkyLicenceWrite::Unpack(message);
+    if (!isForMe(piece.target_system))
+        return;
+    const std::optional<uint8_t> verdict = m_licence.receivePiece(piece);
+    if (!verdict)
+        return;
+    send(m_licence.status(*verdict));
+    if (*verdict == SKY_LICENCE_RESULT_ACCEPTED)
+        send(m_licence.keyStatus());
 }

@@ -5,6 +5,7 @@
 #include "SimCommandGate.h"
 #include "SimFirmware.h"
 #include "SimFtpServer.h"
+#include "SimLicence.h"
 #include "SimLogStore.h"
 #include "SimRawDataStore.h"
 #include "SimRawDataStreamer.h"
@@ -90,6 +91,8 @@ private:
 
     void handleFirmwareMessage(const mavlink_message_t& message);
     void handleParachuteCountRequest(const mavlink_message_t& message);
+    void handleLicenceRequest(const mavlink_message_t& message);
+    void handleLicenceWrite(const mavlink_message_t& message);
     void handleRopeReset(const mavlink_message_t& message);
 
     SimOptions m_options;
@@ -105,6 +108,7 @@ private:
     SimCommandGate m_commandGate;
     SimFtpServer m_ftpServer;
     SimFirmware m_firmware;
+    SimLicence m_licence;
 
     QElapsedTimer m_uptime;
     QTimer m_heartbeatTimer;

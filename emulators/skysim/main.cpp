@@ -1,6 +1,7 @@
 // skysim: an emulated survey aircraft (fixed-wing or multirotor) speaking
 // MAVLink 2 over UDP or a serial line, with failure switches for tests.
 #include "SimConsole.h"
+#include "SimLicenceKey.h"
 #include "SimLog.h"
 #include "SimOptions.h"
 #include "SimSerialTransport.h"
@@ -92,6 +93,14 @@ struct SOptionSet {
     QCommandLineOption params{QStringLiteral("params"),
                               QStringLiteral("Fill the parameter table up to N parameters (default: its own ~360)."),
                               QStringLiteral("N"), QStringLiteral("0")};
+    QCommandLineOption licenceKey{QStringLiteral("licence-key"),
+                                  QStringLiteral("The cloud's public licence key (64 hexadecimal digits); licences "
+                                                 "are then checked and kept (default: a key dongle, no licences)."),
+                                  QStringLiteral("HEX")};
+    QCommandLineOption licenceCloud{QStringLiteral("licence-cloud"),
+                                    QStringLiteral("Fetch the public licence key from this cloud at start "
+                                                   "(e.g. http://127.0.0.1:18080)."),
+                                    QStringLiteral("URL")};
 
     QCommandLineOption armed{QStringLiteral("armed"),
                              QStringLiteral("The aircraft is armed and in the air: firmware upgrades are refused.")};
@@ -103,7 +112,7 @@ struct SOptionSet {
         return {type, udp, bind, serial, baud, sysid, firmware, statusRate, parachuteCount, logs, logSize,
                 linkRate, loss, seed, noAck, ackOnRetry, silentAfter, silentFor, batteries, cells, lowCell,
                 missingBattery, failureCodes, params, rawFolders, rawEntries, rawEntrySize, rawFirstTime,
-                armed, ftpLoseLastReply};
+                armed, ftpLoseLastReply, licenceKey, licenceCloud};
     }
 };
 
@@ -286,6 +295,25 @@ bool parseFaultsAndParameters(const QCommandLineParser& parser, const SOptionSet
     return true;
 }
 
+constexpr int LICENCE_KEY_FETCH_TIMEOUT_MS = 10000;
+
+bool resolveLicenceKey(const QCommandLineParser& parser, const SOptionSet& set, SimOptions& options)
+{
+    if (!parser.isSet(set.licenceKey) && !parser.isSet(set.licenceCloud))
+        return true;
+    QString error;
+    const std::optional<QByteArray> key =
+        parser.isSet(set.licenceKey)
+            ? SimLicenceKey::fromHex(parser.value(set.licenceKey), &error)
+            : SimLicenceKey::fetch(parser.value(set.licenceCloud), LICENCE_KEY_FETCH_TIMEOUT_MS, &error);
+    if (!key) {
+        std::fprintf(stderr, "skysim: %s\n", qPrintable(error));
+        return false;
+    }
+    options.licencePublicKey = *key;
+    return true;
+}
+
 std::optional<SimOptions> parseOptions(const QCoreApplication& app)
 {
     QCommandLineParser parser;
@@ -301,7 +329,7 @@ std::optional<SimOptions> parseOptions(const QCoreApplication& app)
     if (!parseAirframe(parser.value(set.type), options) || !parseLink(parser, set, options)
         || !parseNumbers(parser, set, options) || !parseSilence(parser, set, options)
         || !parseBatteries(parser, set, options) || !parseFaultsAndParameters(parser, set, options)
-        || !parseRawData(parser, set, options))
+        || !parseRawData(parser, set, options) || !resolveLicenceKey(parser, set, options))
         return std::nullopt;
     options.firmware = parser.value(set.firmware);
     options.noAck = parser.isSet(set.noAck);

@@ -296,6 +296,21 @@ void CLmUasProvide::RequestFirmwareVersion()
     SendRequest<SSkyFirmwareVersionRequest>(m_iComponentId);
 }
 
+void CLmUasProvide::RequestLicence()
+{
+    SendRequest<SSkyLicenceRequest>(m_iComponentId);
+}
+
+void CLmUasProvide::WriteLicencePiece(quint16 totalLength, quint16 offset, const QByteArray& piece)
+{
+    SendRequest<SSkyLicenceWrite>(m_iComponentId, [totalLength, offset, piece](SSkyLicenceWrite& request) {
+        request.total_length = totalLength;
+        request.offset = offset;
+        request.count = static_cast<uint8_t>(std::min<int>(piece.size(), sizeof request.data));
+        std::memcpy(request.data, piece.constData(), request.count);
+    });
+}
+
 void CLmUasProvide::RequestParameterList()
 {
     SendRequest<SParamRequestList>(m_iComponentId);

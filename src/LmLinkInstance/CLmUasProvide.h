@@ -83,6 +83,12 @@ public:
     void SendFirmwareManifest(quint32 size, const QByteArray& sha256, const QString& version, const QString& fileName);
     void RequestFirmwareInstall();
     void RequestFirmwareVersion();
+    // The aircraft's licence (SKY_LICENCE_* messages; the answers are read
+    // by CLmLicenceLink from messageReceived). A piece holds at most
+    // LicencePieceSize bytes.
+    static constexpr int LicencePieceSize = 200;
+    void RequestLicence();
+    void WriteLicencePiece(quint16 totalLength, quint16 offset, const QByteArray& piece);
     void RequestParameterList();
     void RequestParameter(const QString& name);
     void RequestParameterByIndex(int index);

@@ -19,3 +19,5 @@ Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceBase)
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceRaw)
 // sky.linkinstance.firmware: file uploads to the aircraft and its firmware upgrade.
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceFirmware)
+// sky.linkinstance.licence: the aircraft's licence read and written over its link.
+Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceLicence)

@@ -59,6 +59,8 @@ const std::map<uint32_t, RoundTrip>& usedMessages()
         SSkyRawFolderRequestList, SSkyRawFolderEntry, SSkyRawEntryRequestList, SSkyRawEntry,
         SSkyRawEntryRequestData, SSkyRawEntryData, SSkyRawRequestEnd, SFileTransferProtocol, SSkyFirmwareManifest,
         SSkyFirmwareInstall, SSkyFirmwareVersionRequest, SSkyFirmwareStatus>();
+        SSkyRawEntryRequestData, SSkyRawEntryData, SSkyRawRequestEnd,
+        SSkyLicenceRequest, SSkyLicenceWrite, SSkyLicenceStatus>();
     return table;
 }
 

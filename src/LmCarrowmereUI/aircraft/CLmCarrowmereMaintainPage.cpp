@@ -2,6 +2,7 @@
 
 #include "CLmFaultDiagnosisSection.h"
 #include "CLmFirmwareSection.h"
+#include "CLmLicencePage.h"
 #include "CLmPlaneStatus.h"
 #include "CLmRawDataDownloadWgt.h"
 #include "CLmUavSettings.h"
@@ -63,6 +64,11 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
         m_pFirmware = new CLmFirmwareSection;
         m_pFirmware->SetCurrentUas(m_pUas);
         return m_pFirmware;
+    });
+    AddSection(m_pUi->m_pBtnLicence, [this] {
+        m_pLicence = new CLmLicencePage;
+        m_pLicence->SetCurrentUas(m_pUas);
+        return m_pLicence;
     });
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
@@ -149,6 +155,8 @@ void CLmCarrowmereMaintainPage::HandUasToSections()
         m_pFaultDiagnosis->SetCurrentUas(m_pUas);
     if (m_pFirmware)
         m_pFirmware->SetCurrentUas(m_pUas);
+    if (m_pLicence)
+        m_pLicence->SetCurrentUas(m_pUas);
     Q_EMIT CurrentUasChanged(m_pUas);
 }
 

@@ -12,6 +12,7 @@ class CLmCarrowmereMaintainPage;
 }
 class CLmFaultDiagnosisSection;
 class CLmFirmwareSection;
+class CLmLicencePage;
 class CLmPlaneStatus;
 class CLmRawDataDownloadWgt;
 class CLmUasProvide;
@@ -80,6 +81,7 @@ private:
     CLmRawDataDownloadWgt* m_pRawDataDownload = nullptr;
     CLmFaultDiagnosisSection* m_pFaultDiagnosis = nullptr;
     CLmFirmwareSection* m_pFirmware = nullptr;
+    CLmLicencePage* m_pLicence = nullptr;
     QWidget* m_pMainWindow = nullptr;
     CLmUasProvide* m_pUas = nullptr;
     bool m_bDeviceConnectionArmed = true;

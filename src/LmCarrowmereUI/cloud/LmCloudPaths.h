@@ -42,6 +42,8 @@ inline constexpr char TaskDelete[] = "/task/delete";
 inline constexpr char FileAuthorization[] = "/file/authorization";
 inline constexpr char AppBugReport[] = "/app/bugreport";
 
+inline constexpr char LicenceIssue[] = "/licence/issue";
+
 inline constexpr char NoFlyZoneCheckUpdate[] = "/noflyzone/checkupdate";
 inline constexpr char NoFlyZoneDownload[] = "/noflyzone/download";
 inline constexpr char NoFlyZoneLiftAccept[] = "/noflyzone/liftAccept";

@@ -1,10 +1,9 @@
-#include "CLmMavlinkParser.h"
 #include "CLmRawDataDownloadController.h"
 #include "CLmRtkDataDownloadObject.h"
 #include "CLmRtkDataLink.h"
 #include "CLmTrimbleDataWrite.h"
 #include "CLmUasProvide.h"
-#include "CLmUdpLink.h"
+#include "CLoopbackAircraft.h"
 #include "CSkySimProcess.h"
 #include "SimRawDataStore.h"
 
@@ -37,9 +36,7 @@ private:
     QByteArray FileBytes(const QString& name) const;
     QStringList FilesOnDisk() const;
 
-    std::unique_ptr<CLmUdpLink> m_pWire;
-    std::unique_ptr<CLmUasProvide> m_pUas;
-    CLmMavlinkParser m_parser;
+    std::unique_ptr<CLoopbackAircraft> m_pAircraft;
     std::unique_ptr<CLmRawDataDownloadController> m_pController;
     std::unique_ptr<QTemporaryDir> m_pTarget;
 };
@@ -52,13 +49,7 @@ void tst_RawDataDownloadWithSkySim::initTestCase()
 
 void tst_RawDataDownloadWithSkySim::init()
 {
-    m_pWire = std::make_unique<CLmUdpLink>(1, 0);
-    m_pWire->Connect();
-    m_pUas = std::make_unique<CLmUasProvide>(m_pWire.get(), 1, 1);
-    connect(m_pWire.get(), &CLmLinkProvide::bytesReceived, m_pUas.get(), [this](const QByteArray& bytes) {
-        for (const mavlink_message_t& frame : m_parser.Parse(bytes))
-            m_pUas->HandleMessage(frame);
-    });
+    m_pAircraft = std::make_unique<CLoopbackAircraft>();
     m_pController = std::make_unique<CLmRawDataDownloadController>();
     m_pTarget = std::make_unique<QTemporaryDir>();
     m_pController->SetTargetDir(m_pTarget->path());
@@ -67,20 +58,19 @@ void tst_RawDataDownloadWithSkySim::init()
 void tst_RawDataDownloadWithSkySim::cleanup()
 {
     m_pController.reset();
-    m_pUas.reset();
-    m_pWire.reset();
+    m_pAircraft.reset();
     m_pTarget.reset();
 }
 
 bool tst_RawDataDownloadWithSkySim::StartSim(CSkySimProcess& sim, const QStringList& arguments)
 {
-    return sim.Start(QStringList{"--udp", QStringLiteral("127.0.0.1:%1").arg(m_pWire->GetLocalPort())} + arguments);
+    return sim.Start(m_pAircraft->SimArguments() + arguments);
 }
 
 bool tst_RawDataDownloadWithSkySim::ListFolders(int count)
 {
     if (!m_pController->Uas())
-        m_pController->SetUas(m_pUas.get());
+        m_pController->SetUas(m_pAircraft->Uas());
     else
         m_pController->RefreshFolders();
     return QTest::qWaitFor([this, count] { return m_pController->Folders().size() == count; }, 15000);
