@@ -12,6 +12,7 @@ PACKAGES=(
   xvfb xauth x11-apps socat python3-pyftpdlib rtklib
   libgeonames-dev libgeonames0
   fonts-dejavu-core
+  qtpositioning5-dev libqt5positioning5
 )
 missing=()
 for p in "${PACKAGES[@]}"; do
