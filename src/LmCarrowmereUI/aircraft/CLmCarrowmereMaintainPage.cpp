@@ -1,6 +1,7 @@
 #include "CLmCarrowmereMaintainPage.h"
 
 #include "CLmPlaneStatus.h"
+#include "CLmRtkStationSettings.h"
 #include "CLmUavSettings.h"
 #include "ui_CLmCarrowmereMaintainPage.h"
 
@@ -38,6 +39,12 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
     // list the same way; their entries stay hidden until their section is added.
     AddSection(m_pUi->m_pBtnPlaneStatus, m_pPlaneStatus);
     AddSection(m_pUi->m_pBtnUavSettings, m_pUavSettings);
+    // The base station is reached over its own network, not through the
+    // aircraft: its section connects when it is opened.
+    auto* baseStation = new CLmRtkStationSettings;
+    baseStation->setObjectName(QStringLiteral("CLmRtkStationSettings"));
+    AddSection(m_pUi->m_pBtnBaseStation, baseStation);
+    connect(m_pUi->m_pBtnBaseStation, &QPushButton::clicked, baseStation, &CLmRtkStationSettings::ConnectBaseStation);
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
     SetUsbDisks({});

@@ -25,6 +25,12 @@ void CLmPointCapture::Stop()
     m_bRunning = false;
 }
 
+void CLmPointCapture::Clear()
+{
+    m_bRunning = false;
+    m_lstSamples.clear();
+}
+
 bool CLmPointCapture::Feed(const SGGAParam& report)
 {
     if (!m_bRunning)

@@ -21,6 +21,7 @@ public:
 
     void Start(EMode mode, int quantity, bool bFixedOnly, double limitM);
     void Stop();
+    void Clear();
     bool IsRunning() const { return m_bRunning; }
     // Feeds one report; true when this report completed the capture.
     bool Feed(const SGGAParam& report);

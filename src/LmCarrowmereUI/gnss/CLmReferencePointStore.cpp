@@ -3,8 +3,8 @@
 #include "CLmControl.h"
 #include "CLmDataBase.h"
 #include "LmCarrowmereUILog.h"
+#include "LmStationRules.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSqlQuery>
@@ -16,11 +16,6 @@ const char* const kCreateTable =
     "CREATE TABLE Referencepoint(\t\tid integer primary key not null,\t\tknown_point varchar(32) DEFAULT NULL,"
     "\t\tlng double DEFAULT 0,\t\tlat double DEFAULT 0,\t\taltitude double DEFAULT 0,"
     "\t\tstation_vertical double DEFAULT 0,\t\tdifferential_data varchar(32) DEFAULT NULL\t)";
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("CLmReferencePointStore", text);
-}
 
 }  // namespace
 
@@ -98,13 +93,7 @@ QStringList CLmReferencePointStore::Names() const
 
 QString CLmReferencePointStore::NameProblem(const QString& name) const
 {
-    if (name.isEmpty())
-        return Tr("Please input reference point name.");
-    if (name.size() > MaxNameLength)
-        return Tr("The reference point name can have at most %1 characters.").arg(MaxNameLength);
-    if (Names().contains(name))
-        return Tr("The reference point name has been exist.");
-    return {};
+    return LmStationRules::ReferencePointNameProblem(name, Names());
 }
 
 bool CLmReferencePointStore::Insert(const SLmReferencePoint& point)

@@ -11,13 +11,11 @@
 class CLmDataBase;
 
 // The saved reference points in "Referencepoint.db" under the application's
-// "Project" folder, created on first use. Names are unique and at most
-// MaxNameLength characters, the width of their column.
+// "Project" folder, created on first use. Names are unique and no longer
+// than their column (LmStationRules::ReferencePointNameProblem).
 class CLmReferencePointStore
 {
 public:
-    static constexpr int MaxNameLength = 32;
-
     // Opens (creating when missing) the database in the application's data root.
     CLmReferencePointStore();
     // Opens (creating when missing) the database at filePath.

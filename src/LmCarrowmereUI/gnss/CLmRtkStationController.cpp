@@ -16,7 +16,6 @@ namespace {
 // The last integer of the three Set operations and their two unused doubles.
 constexpr int kSetTail = 6;
 constexpr double kUnused = 0.0;
-constexpr int kStateTabDelayMs = 2000;
 
 QString NoParameters()
 {
@@ -253,15 +252,16 @@ void CLmRtkStationController::SetStateTabShowing(bool bShowing)
     m_bStateTabShowing = bShowing;
 }
 
-void CLmRtkStationController::ReadStationState()
+void CLmRtkStationController::ReadLocation()
 {
-    if (!m_link)
-        return;
-    m_link->ReadLoction();
-    QTimer::singleShot(kStateTabDelayMs, this, [this] {
-        if (m_link)
-            m_link->ReadStaticFileState();
-    });
+    if (m_link)
+        m_link->ReadLoction();
+}
+
+void CLmRtkStationController::ReadFileState()
+{
+    if (m_link)
+        m_link->ReadStaticFileState();
 }
 
 void CLmRtkStationController::slotStaticFileState(SStaticFileState state)
@@ -459,6 +459,11 @@ QList<SLmReferencePoint> CLmRtkStationController::ReferencePoints() const
     return m_pointStore.Points();
 }
 
+QStringList CLmRtkStationController::ReferencePointNames() const
+{
+    return m_pointStore.Names();
+}
+
 void CLmRtkStationController::SelectKnownPoint(int index)
 {
     m_nKnownPoint = index;
@@ -502,7 +507,7 @@ void CLmRtkStationController::DeleteKnownPoint()
         return;
     m_pointStore.Remove(point->name);
     ReloadPoints(0);
-    m_pPrompts->Inform(tr("Delete reference point succeed."));
+    m_pPrompts->Notify(tr("Delete reference point succeed."), tr("Delete reference point"), QString());
 }
 
 void CLmRtkStationController::StartCapture(CLmPointCapture::EMode mode, int quantity, bool bFixedOnly, double limitM)
@@ -516,8 +521,17 @@ void CLmRtkStationController::StopCapture()
     m_capture.Stop();
 }
 
+void CLmRtkStationController::DiscardCapture()
+{
+    m_capture.Clear();
+}
+
 void CLmRtkStationController::SaveCapturedPoint(const QString& name, double stationVertical)
 {
+    if (!m_capture.HasResult()) {
+        m_pPrompts->Inform(tr("No point has been captured yet."));
+        return;
+    }
     const QString problem = m_pointStore.NameProblem(name);
     if (!problem.isEmpty()) {
         m_pPrompts->Inform(problem);
@@ -536,7 +550,8 @@ void CLmRtkStationController::SaveCapturedPoint(const QString& name, double stat
         return;
     }
     ReloadPoints(m_nKnownPoint);
-    m_pPrompts->Inform(tr("Save reference point succeed."));
+    m_pPrompts->Notify(tr("Save reference point succeed."), tr("Save reference point"),
+                       QStringLiteral(":/images/Normal/ok_ic.png"));
 }
 
 // ---- raw files ----

@@ -59,12 +59,15 @@ public:
     bool IsRecording() const { return m_bRecording; }
     // The page shows its state tab: its replies only update the labels.
     void SetStateTabShowing(bool bShowing);
-    void ReadStationState();
+    void ReadLocation();
+    // A reply shows the recording state; it sets nothing on the station.
+    void ReadFileState();
     void ReadStorage();
     void AcquireSourceNodes(const QString& host, const QString& port);
 
     // Reference points; the known-points index counts "Manual input" as 0.
     QList<SLmReferencePoint> ReferencePoints() const;
+    QStringList ReferencePointNames() const;
     int KnownPointIndex() const { return m_nKnownPoint; }
     void SelectKnownPoint(int index);
     void DeleteKnownPoint();
@@ -75,6 +78,7 @@ public:
     // Point capture from the station's position reports.
     void StartCapture(CLmPointCapture::EMode mode, int quantity, bool bFixedOnly, double limitM);
     void StopCapture();
+    void DiscardCapture();
     const CLmPointCapture& Capture() const { return m_capture; }
     void SaveCapturedPoint(const QString& name, double stationVertical);
 

@@ -11,7 +11,9 @@ public:
     virtual ~CLmStationPrompts() = default;
     // True when the user confirms the question.
     virtual bool Confirm(const QString& question) = 0;
-    virtual void Inform(const QString& text) = 0;
+    // A notice under the page's title and no icon.
+    void Inform(const QString& text) { Notify(text, QString(), QString()); }
+    virtual void Notify(const QString& text, const QString& title, const QString& iconPath) = 0;
     // The name for a new reference point, empty when the user cancelled;
     // namesInUse may not be taken again.
     virtual QString AskPointName(const QStringList& namesInUse) = 0;

@@ -1,8 +1,11 @@
 #include "LmStationRules.h"
 
+#include "LmBaseStationMath.h"
+
 #include <QCoreApplication>
 #include <QStringList>
 
+#include <cmath>
 #include <iterator>
 
 namespace LmStationRules {
@@ -130,6 +133,56 @@ QString FileSizeText(quint64 bytes)
 QString StorageText(quint64 bytes)
 {
     return QString::number(double(bytes) / 1024.0 / 1024.0 / 1024.0, 'f', 2) + QStringLiteral(" GB");
+}
+
+std::optional<double> ReadDms(const QString& degrees, const QString& minutes, const QString& seconds,
+                              double maxDegrees)
+{
+    bool degreesOk = false;
+    bool minutesOk = false;
+    bool secondsOk = false;
+    const double d = degrees.trimmed().toDouble(&degreesOk);
+    const double m = minutes.trimmed().toDouble(&minutesOk);
+    const double s = seconds.trimmed().toDouble(&secondsOk);
+    if (!degreesOk || !minutesOk || !secondsOk)
+        return std::nullopt;
+    if (m < 0 || m >= 60 || s < 0 || s >= 60)
+        return std::nullopt;
+    const double value = LmBaseStationMath::DegreesFromDms(d, m, s);
+    if (std::fabs(value) > maxDegrees)
+        return std::nullopt;
+    return value;
+}
+
+SDmsText DmsText(double degrees)
+{
+    const double magnitude = std::fabs(degrees);
+    int whole = int(magnitude);
+    const double minutesExact = (magnitude - whole) * 60.0;
+    int minutes = int(minutesExact);
+    double seconds = (minutesExact - minutes) * 60.0;
+    // Rounding the seconds to the field's precision may carry into the minutes.
+    if (std::round(seconds * 10000.0) >= 600000.0) {
+        seconds = 0;
+        ++minutes;
+    }
+    if (minutes == 60) {
+        minutes = 0;
+        ++whole;
+    }
+    const QString sign = degrees < 0 ? QStringLiteral("-") : QString();
+    return {sign + QString::number(whole), QString::number(minutes), QString::number(seconds, 'f', 4)};
+}
+
+QString ReferencePointNameProblem(const QString& name, const QStringList& namesInUse)
+{
+    if (name.isEmpty())
+        return Tr("Please input reference point name.");
+    if (name.size() > kMaxPointNameLength)
+        return Tr("The reference point name can have at most %1 characters.").arg(kMaxPointNameLength);
+    if (namesInUse.contains(name, Qt::CaseSensitive))
+        return Tr("The reference point name has been exist.");
+    return {};
 }
 
 QString FixQualityText(int quality)

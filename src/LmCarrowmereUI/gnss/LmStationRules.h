@@ -3,6 +3,9 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringList>
+
+#include <optional>
 
 // What the base-station page decides from the station's replies, kept apart
 // from widgets and the link so that every rule can be checked on its own.
@@ -54,6 +57,26 @@ QList<SStaticFileRow> ParseStaticFileList(const QString& text);
 QString FileSizeText(quint64 bytes);
 // Bytes as the storage labels show them, in gigabytes with two decimals.
 QString StorageText(quint64 bytes);
+
+// Degrees from the three fields of an entered angle; nothing when a field is
+// empty or not a number, the minutes or seconds are not below 60, or the
+// degrees exceed maxDegrees either way.
+std::optional<double> ReadDms(const QString& degrees, const QString& minutes, const QString& seconds,
+                              double maxDegrees);
+// An angle in degrees split for the three fields: whole degrees (signed),
+// whole minutes and seconds with four decimals.
+struct SDmsText {
+    QString degrees;
+    QString minutes;
+    QString seconds;
+};
+SDmsText DmsText(double degrees);
+
+// A reference point name fits its column of 32 characters.
+constexpr int kMaxPointNameLength = 32;
+// Why name cannot name a new reference point (empty, too long, taken; names
+// compare case-sensitively), or empty when it can.
+QString ReferencePointNameProblem(const QString& name, const QStringList& namesInUse);
 
 // The GGA quality indicator as words.
 QString FixQualityText(int quality);
