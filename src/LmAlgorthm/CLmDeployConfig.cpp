@@ -35,6 +35,10 @@ const SDefault kDefaults[] = {
     {"aircraft/serial_ports", "auto"},
     {"aircraft/serial_baud", "57600"},
     {"aircraft/heartbeat_timeout_ms", "3500"},
+    // The GNSS base station; the defaults are skybase's default ports.
+    {"basestation/host", "127.0.0.1"},
+    {"basestation/control_port", "18060"},
+    {"basestation/ftp_port", "18061"},
 };
 
 QString EnvironmentName(const QString& groupKey)

@@ -40,6 +40,7 @@ signals:
 
 private:
     void OnReadyRead();
+    void OnProgress(qint64 nReceived, qint64 nTotal);
     void OnFinished();
 
     QNetworkAccessManager m_manager;
@@ -47,5 +48,5 @@ private:
     QString m_strHost;
     int m_nPort = 21;
     QByteArray m_received;
-    qint64 m_nExpected = -1;
+    qint64 m_nExpected = -1;  // the file's size once the server told it
 };

@@ -13,3 +13,5 @@ Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceParam)
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstancePush)
 // sky.linkinstance.usb: the removable disks.
 Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceUsb)
+// sky.linkinstance.base: the GNSS base station's control link and FTP downloads.
+Q_DECLARE_LOGGING_CATEGORY(lcLinkInstanceBase)
