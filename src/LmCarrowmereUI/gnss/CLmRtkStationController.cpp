@@ -54,23 +54,27 @@ void CLmRtkStationController::Disconnect2Station()
         m_link->Disconnect2BaseStation();
 }
 
+// Replies are handled from the event loop, not from inside the link's read
+// handler: a question they open waits for the user while the link goes on
+// reading the station.
 void CLmRtkStationController::ConnectLinkSignals()
 {
     using Helper = CLmBaseStationLinkHelper;
     using Self = CLmRtkStationController;
     Helper* helper = &CLmBaseStationLink::m_linkHelper;
-    connect(helper, &Helper::ConnectState, this, &Self::slotBaseStationConnected);
-    connect(helper, &Helper::BaseStationMainFrame, this, &Self::slotBaseStationMainFrame);
-    connect(helper, &Helper::SettingRet, this, &Self::slotSettingRet);
-    connect(helper, &Helper::StaticFileState, this, &Self::slotStaticFileState);
-    connect(helper, &Helper::StaticsFileList, this, &Self::slotReceivedStaticsFileList);
-    connect(helper, &Helper::CasterParam, this, &Self::slotReceivedCasterParam);
-    connect(helper, &Helper::GGAParam, this, &Self::slotReceivedGGAParam);
-    connect(helper, &Helper::SrcNodeList, this, &Self::slotReceivedSrcNodeList);
-    connect(helper, &Helper::StorageInfor, this, &Self::slotReceivedStorageInfor);
-    connect(helper, &Helper::SrcNodeConnectState, this, &Self::slotSrcNodeConnectState);
-    connect(helper, &Helper::ReadStaticsFileFinished, this, &Self::slotReadStaticsFileFinished);
-    connect(helper, &Helper::Loction, this, &Self::slotBaseStationLoction);
+    const auto queued = Qt::QueuedConnection;
+    connect(helper, &Helper::ConnectState, this, &Self::slotBaseStationConnected, queued);
+    connect(helper, &Helper::BaseStationMainFrame, this, &Self::slotBaseStationMainFrame, queued);
+    connect(helper, &Helper::SettingRet, this, &Self::slotSettingRet, queued);
+    connect(helper, &Helper::StaticFileState, this, &Self::slotStaticFileState, queued);
+    connect(helper, &Helper::StaticsFileList, this, &Self::slotReceivedStaticsFileList, queued);
+    connect(helper, &Helper::CasterParam, this, &Self::slotReceivedCasterParam, queued);
+    connect(helper, &Helper::GGAParam, this, &Self::slotReceivedGGAParam, queued);
+    connect(helper, &Helper::SrcNodeList, this, &Self::slotReceivedSrcNodeList, queued);
+    connect(helper, &Helper::StorageInfor, this, &Self::slotReceivedStorageInfor, queued);
+    connect(helper, &Helper::SrcNodeConnectState, this, &Self::slotSrcNodeConnectState, queued);
+    connect(helper, &Helper::ReadStaticsFileFinished, this, &Self::slotReadStaticsFileFinished, queued);
+    connect(helper, &Helper::Loction, this, &Self::slotBaseStationLoction, queued);
 }
 
 void CLmRtkStationController::slotBaseStationConnected(bool bConnected)
@@ -97,8 +101,11 @@ void CLmRtkStationController::CreateFtpClient()
     m_pFtp = new CLmFtpClientLink(this);
     m_pFtp->SetFtpHostPort(CLmBaseStationLink::StationHost(), CLmBaseStationLink::StationFtpPort());
     connect(m_pFtp, &CLmFtpClientLink::downloadProgress, this, &CLmRtkStationController::slotDownloadProcess);
-    connect(m_pFtp, &CLmFtpClientLink::downLoadFinished, this, &CLmRtkStationController::slotDownloadFinished);
-    connect(m_pFtp, &CLmFtpClientLink::NetWorkError, this, &CLmRtkStationController::slotDownloadError);
+    // The next file is asked for once the client has finished with the last one.
+    connect(m_pFtp, &CLmFtpClientLink::downLoadFinished, this, &CLmRtkStationController::slotDownloadFinished,
+            Qt::QueuedConnection);
+    connect(m_pFtp, &CLmFtpClientLink::NetWorkError, this, &CLmRtkStationController::slotDownloadError,
+            Qt::QueuedConnection);
 }
 
 void CLmRtkStationController::slotReadMainFrame()
