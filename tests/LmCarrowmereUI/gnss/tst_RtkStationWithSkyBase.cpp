@@ -1,5 +1,7 @@
+#include "CLmBaseStationLink.h"
 #include "CLmRtkStationController.h"
 #include "CLmRtkStationSettings.h"
+#include "CNtripCasterProcess.h"
 #include "CSkyBaseProcess.h"
 #include "LmBaseStationMath.h"
 #include "LmStationRules.h"
@@ -34,6 +36,7 @@ private Q_SLOTS:
     void downloadsTwoFilesIntoChosenFolder();
     void deletesCheckedFile();
     void formatsStation();
+    void pointsStationAtCaster();
     void showsNotAvailableWhenStationDrops();
 
 private:
@@ -296,6 +299,49 @@ void tst_RtkStationWithSkyBase::formatsStation()
     QVERIFY(boxes.at(1).contains(QLatin1String("delete file(s) succeed.")));
     QCOMPARE(Find<QTableWidget>("m_pTableFiles")->rowCount(), 0);
     QVERIFY(QDir(m_dir.filePath(QStringLiteral("station/ftp/static"))).entryList(QDir::Files).isEmpty());
+}
+
+void tst_RtkStationWithSkyBase::pointsStationAtCaster()
+{
+    CNtripCasterProcess caster;
+    QVERIFY(caster.Start(QStringLiteral("SKY01"), QStringLiteral("pilot"), QStringLiteral("secret")));
+    auto* stack = Find<QStackedWidget>("m_pStackSettings");
+    auto* next = Find<QPushButton>("m_pBtnNext");
+    Find<QComboBox>("m_pComboStationMode")->setCurrentIndex(LmStationRules::eModeCorsPpk);
+    auto* knownPoints = Find<QComboBox>("m_pComboKnownPoints");
+    QVERIFY(knownPoints->count() > 1);
+    knownPoints->setCurrentIndex(1);
+    QSignalSpy positions(m_pPage->Controller(), &CLmRtkStationController::PositionRead);
+    QTRY_VERIFY_WITH_TIMEOUT(!positions.isEmpty(), kStationWaitMs);
+    QSignalSpy casterShown(m_pPage->Controller(), &CLmRtkStationController::CasterParamRead);
+    next->click();
+    QCOMPARE(stack->currentIndex(), int(CLmRtkStationController::eCorsPage));
+    // The fields first show what the station holds.
+    QTRY_VERIFY_WITH_TIMEOUT(!casterShown.isEmpty(), kStationWaitMs);
+
+    Find<QLineEdit>("m_pEditHost")->setText(QStringLiteral("127.0.0.1"));
+    Find<QLineEdit>("m_pEditPort")->setText(QString::number(caster.Port()));
+    Click("m_pBtnAcquiring");
+    QTRY_COMPARE_WITH_TIMEOUT(Text("m_pLblSrcState"), QStringLiteral("Connected"), kStationWaitMs);
+    QCOMPARE(Find<QComboBox>("m_pComboSourceList")->currentText(), QStringLiteral("SKY01"));
+
+    // A refused login is told; the right account makes the station a rover.
+    Find<QLineEdit>("m_pEditAccount")->setText(QStringLiteral("pilot"));
+    Find<QLineEdit>("m_pEditPassword")->setText(QStringLiteral("wrong"));
+    QString refused;
+    ModalAnswer::PressWhenShown(QStringLiteral("m_pBtnOk"), &refused, kStationWaitMs);
+    next->click();
+    QTRY_VERIFY_WITH_TIMEOUT(refused.contains(QLatin1String("connect to CORS station failed.")), kStationWaitMs);
+    // The station reports what it holds: the caster it was given.
+    QTRY_COMPARE_WITH_TIMEOUT(Find<QLineEdit>("m_pEditPassword")->text(), QStringLiteral("wrong"), kStationWaitMs);
+    Find<QLineEdit>("m_pEditPassword")->setText(QStringLiteral("secret"));
+    QSignalSpy results(&CLmBaseStationLink::m_linkHelper, &CLmBaseStationLinkHelper::SettingRet);
+    next->click();
+    QTRY_VERIFY_WITH_TIMEOUT(!results.isEmpty(), kStationWaitMs);
+    QCOMPARE(results.constFirst().at(0).toString(), QStringLiteral("roverNtrips"));
+    QCOMPARE(results.constFirst().at(1).toInt(), 0);
+    m_pPage->Controller()->slotReadMainFrame();
+    QTRY_COMPARE_WITH_TIMEOUT(Text("m_pLblWorkMode"), QStringLiteral("Rover"), kStationWaitMs);
 }
 
 void tst_RtkStationWithSkyBase::showsNotAvailableWhenStationDrops()
