@@ -229,8 +229,18 @@ bool CLmRtkStationController::SaveManualPoint(const SLmStationSetup& setup)
 
 void CLmRtkStationController::Format()
 {
+    if (m_nStationMode != eModeFormat)
+        m_nModeBeforeFormat = m_nStationMode;
     m_nStationMode = eModeFormat;
     RequestStateForAction();
+}
+
+// Formatting is a moment, not a mode: afterwards the page is in the mode
+// its combo box shows.
+void CLmRtkStationController::EndFormat()
+{
+    if (m_nStationMode == eModeFormat)
+        m_nStationMode = m_nModeBeforeFormat;
 }
 
 void CLmRtkStationController::RequestStateForAction()
@@ -309,11 +319,14 @@ void CLmRtkStationController::RunStateAction(EStateAction action)
     case eAskFormat:
         if (m_pPrompts->Confirm(tr("Are you sure to format base station,the operator will be delete all files.")))
             m_link->DeleteStaticFiles({});
+        else
+            EndFormat();
         break;
     case eAskStopRecording:
         ConfirmStopRecording(tr("The operator will be stop static capture.Are you sure?"));
         break;
     case eAskStopBeforeFormat:
+        EndFormat();
         ConfirmStopRecording(tr("Currently in static record mode,please stop static file then click format button."));
         break;
     case eAskStopBeforeSave:
@@ -392,16 +405,15 @@ void CLmRtkStationController::slotSettingRet(QString name, int code)
 
 void CLmRtkStationController::ApplySettingResult(const QString& name, const SSettingResult& result)
 {
-    if (!result.bSuccess)
-        return;
-    if (name == QLatin1String("roverNtrips")) {
+    if (name == QLatin1String("roverNtrips") && result.bSuccess) {
         ShowSettingsPage(m_nSettingsPage, tr("Save"));
     } else if (name == QLatin1String("deleteStaticFile")) {
-        if (m_nStationMode == eModeFormat)
+        if (result.bSuccess && m_nStationMode == eModeFormat)
             Q_EMIT FileTableCleared();
-        else
+        else if (result.bSuccess)
             Q_EMIT FilesRemoved(m_lstDeleting);
         m_lstDeleting.clear();
+        EndFormat();
         ReadStorage();
     }
 }
@@ -418,6 +430,7 @@ void CLmRtkStationController::slotBaseStationLoction(SBaseStationLoction locatio
     m_ownPosition = {LmBaseStationMath::DegreesFromDdmm(location.dLatitude),
                      LmBaseStationMath::DegreesFromDdmm(location.dLongitude), location.dAltitude};
     m_bOwnPositionKnown = true;
+    Q_EMIT DiffFormatRead(location.strDiffFormat);
 }
 
 void CLmRtkStationController::slotReceivedGGAParam(SGGAParam param)

@@ -117,6 +117,8 @@ Q_SIGNALS:
     void SettingsPageChanged(int page, const QString& buttonText, bool bButtonVisible);
     void CasterParamRead(const SSCasterParam& param);
     void PositionRead(const SGGAParam& report);
+    // The corrections the station sends: "RTCM30" or "RTCM32".
+    void DiffFormatRead(const QString& format);
     void SourceNodesRead(const QStringList& nodes);
     void SourceNodeState(bool bConnected);
     void StorageRead(quint64 total, quint64 free);
@@ -139,6 +141,7 @@ private:
     void NextStepPpkOrBase(const SLmStationSetup& setup);
     void NextStepCors(const SLmStationSetup& setup);
     void RequestStateForAction();
+    void EndFormat();
     void RunStateAction(LmStationRules::EStateAction action);
     void ConfirmStopRecording(const QString& question);
     void SendStatic();
@@ -153,6 +156,7 @@ private:
 
     CLmBaseStationLink* m_link = nullptr;
     int m_nStationMode = LmStationRules::eModeUnset;
+    int m_nModeBeforeFormat = LmStationRules::eModeDisuse;
     bool m_bFirstState = false;
     CLmFtpClientLink* m_pFtp = nullptr;
     QStringList m_lstDownloadQueue;

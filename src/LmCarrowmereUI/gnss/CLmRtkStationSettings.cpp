@@ -41,6 +41,13 @@ QString WorkModeText(int mode)
     }
 }
 
+// "RTCM32" as the combo box names it, "RTCM3.2".
+QString DiffFormatText(const QString& format)
+{
+    QString text = format;
+    return format.size() == 6 ? text.insert(5, QLatin1Char('.')) : format;
+}
+
 QString DegreesText(double ddmm)
 {
     return QString::number(LmBaseStationMath::DegreesFromDdmm(ddmm), 'f', 8);
@@ -144,6 +151,11 @@ void CLmRtkStationSettings::ConnectController()
     connect(c, &StationController::SettingsPageChanged, this, &CLmRtkStationSettings::ShowSettingsPage);
     connect(c, &StationController::CasterParamRead, this, &CLmRtkStationSettings::ShowCasterParam);
     connect(c, &StationController::PositionRead, this, &CLmRtkStationSettings::ShowPosition);
+    connect(c, &StationController::DiffFormatRead, this, [this](const QString& format) {
+        const int index = m_pUi->m_pComboDiffData->findText(DiffFormatText(format));
+        if (index >= 0)
+            m_pUi->m_pComboDiffData->setCurrentIndex(index);
+    });
     connect(c, &StationController::SourceNodesRead, this, &CLmRtkStationSettings::ShowSourceNodes);
     connect(c, &StationController::SourceNodeState, this, &CLmRtkStationSettings::ShowSourceNodeState);
     connect(c, &StationController::StorageRead, this, &CLmRtkStationSettings::ShowStorage);

@@ -298,6 +298,8 @@ void tst_RtkStationWithSkyBase::formatsStation()
     QVERIFY(boxes.at(0).contains(QLatin1String("Are you sure to format base station")));
     QVERIFY(boxes.at(1).contains(QLatin1String("delete file(s) succeed.")));
     QCOMPARE(Find<QTableWidget>("m_pTableFiles")->rowCount(), 0);
+    // Back in the mode the page shows, so that its settings can be saved again.
+    QCOMPARE(m_pPage->Controller()->StationMode(), int(LmStationRules::eModeDisuse));
     QVERIFY(QDir(m_dir.filePath(QStringLiteral("station/ftp/static"))).entryList(QDir::Files).isEmpty());
 }
 
