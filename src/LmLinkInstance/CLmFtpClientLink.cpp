@@ -11,6 +11,9 @@
 CLmFtpClientLink::CLmFtpClientLink(QObject* parent)
     : QObject(parent)
 {
+    m_stallTimer.setSingleShot(true);
+    m_stallTimer.setInterval(kStallTimeoutMs);
+    connect(&m_stallTimer, &QTimer::timeout, this, &CLmFtpClientLink::OnStalled);
 }
 
 CLmFtpClientLink::~CLmFtpClientLink()
@@ -38,10 +41,12 @@ void CLmFtpClientLink::FtpGet(const QString& strPath)
     connect(m_pReply, &QNetworkReply::readyRead, this, &CLmFtpClientLink::OnReadyRead);
     connect(m_pReply, &QNetworkReply::downloadProgress, this, &CLmFtpClientLink::OnProgress);
     connect(m_pReply, &QNetworkReply::finished, this, &CLmFtpClientLink::OnFinished);
+    m_stallTimer.start();
 }
 
 void CLmFtpClientLink::Abort()
 {
+    m_stallTimer.stop();
     if (m_pReply.isNull())
         return;
     QNetworkReply* reply = m_pReply;
@@ -59,20 +64,40 @@ void CLmFtpClientLink::ClearReceivedData()
 
 void CLmFtpClientLink::OnReadyRead()
 {
-    m_received.append(m_pReply->readAll());
+    if (m_nExpected < 0)
+        ExpectSize(m_pReply->header(QNetworkRequest::ContentLengthHeader).toLongLong());
+    // Read straight into the held bytes: a file of hundreds of megabytes is
+    // copied once, not once per chunk.
+    const qint64 available = m_pReply->bytesAvailable();
+    const int held = m_received.size();
+    if (available <= 0 || available > std::numeric_limits<int>::max() - held) {
+        m_received.append(m_pReply->readAll());
+    } else {
+        m_received.resize(held + static_cast<int>(available));
+        const qint64 read = m_pReply->read(m_received.data() + held, available);
+        m_received.resize(held + static_cast<int>(qMax<qint64>(read, 0)));
+    }
+    m_stallTimer.start();
 }
 
 void CLmFtpClientLink::OnProgress(qint64 nReceived, qint64 nTotal)
 {
-    if (nTotal > 0 && m_nExpected < 0) {
-        m_nExpected = nTotal;
-        m_received.reserve(static_cast<int>(qMin<qint64>(nTotal, std::numeric_limits<int>::max())));
-    }
+    if (m_nExpected < 0)
+        ExpectSize(nTotal);
     emit downloadProgress(nReceived, nTotal);
+}
+
+void CLmFtpClientLink::ExpectSize(qint64 nSize)
+{
+    if (nSize <= 0)
+        return;
+    m_nExpected = nSize;
+    m_received.reserve(static_cast<int>(qMin<qint64>(nSize, std::numeric_limits<int>::max())));
 }
 
 void CLmFtpClientLink::OnFinished()
 {
+    m_stallTimer.stop();
     QNetworkReply* reply = m_pReply;
     m_pReply.clear();
     reply->deleteLater();
@@ -81,9 +106,22 @@ void CLmFtpClientLink::OnFinished()
     if (reply->error() != QNetworkReply::NoError || !complete) {
         qCWarning(lcLinkInstanceBase) << "FTP download failed:" << reply->errorString() << "after"
                                       << m_received.size() << "of" << m_nExpected << "bytes";
-        ClearReceivedData();
-        emit NetWorkError();
+        Fail();
         return;
     }
     emit downLoadFinished();
+}
+
+void CLmFtpClientLink::OnStalled()
+{
+    qCWarning(lcLinkInstanceBase) << "FTP download stalled after" << m_received.size() << "of" << m_nExpected
+                                  << "bytes";
+    Abort();
+    Fail();
+}
+
+void CLmFtpClientLink::Fail()
+{
+    ClearReceivedData();
+    emit NetWorkError();
 }

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QTimer>
 
 class QNetworkReply;
 
@@ -31,6 +32,10 @@ public:
     void ClearReceivedData();
     bool IsDownloading() const { return !m_pReply.isNull(); }
 
+    // A download that receives nothing for this long has failed: the FTP
+    // layer can wait forever for the end of a transfer whose server is gone.
+    static constexpr int kStallTimeoutMs = 10000;
+
 signals:
     void downloadProgress(qint64 nReceived, qint64 nTotal);
     // The whole file arrived: ReceivedData() holds it.
@@ -41,9 +46,14 @@ signals:
 private:
     void OnReadyRead();
     void OnProgress(qint64 nReceived, qint64 nTotal);
+    // Makes room for the whole file once its size is known.
+    void ExpectSize(qint64 nSize);
     void OnFinished();
+    void OnStalled();
+    void Fail();
 
     QNetworkAccessManager m_manager;
+    QTimer m_stallTimer;
     QPointer<QNetworkReply> m_pReply;
     QString m_strHost;
     int m_nPort = 21;
