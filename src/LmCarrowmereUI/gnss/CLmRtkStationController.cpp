@@ -433,6 +433,13 @@ void CLmRtkStationController::slotBaseStationLoction(SBaseStationLoction locatio
     Q_EMIT DiffFormatRead(location.strDiffFormat);
 }
 
+std::optional<LmBaseStationMath::SGeoPoint> CLmRtkStationController::OwnPosition() const
+{
+    if (!m_bOwnPositionKnown)
+        return std::nullopt;
+    return m_ownPosition;
+}
+
 void CLmRtkStationController::slotReceivedGGAParam(SGGAParam param)
 {
     if (param.nQuality > 0) {

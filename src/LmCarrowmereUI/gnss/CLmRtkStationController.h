@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 class CLmBaseStationLink;
 class CLmFtpClientLink;
@@ -80,6 +81,8 @@ public:
     void StopCapture();
     void DiscardCapture();
     const CLmPointCapture& Capture() const { return m_capture; }
+    // The station's last own position, if it reported one.
+    std::optional<LmBaseStationMath::SGeoPoint> OwnPosition() const;
     void SaveCapturedPoint(const QString& name, double stationVertical);
 
     void DeleteFiles(const QStringList& names);

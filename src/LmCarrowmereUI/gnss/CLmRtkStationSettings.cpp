@@ -1,6 +1,8 @@
 #include "CLmRtkStationSettings.h"
 
 #include "CLmCarrowmereSaveRPWidget.h"
+#include "CLmCoordinateCalculator.h"
+#include "CLmCoordinateConverter.h"
 #include "CLmCorsStationSettingPage.h"
 #include "CLmMessageBox.h"
 #include "CLmRtkStationController.h"
@@ -130,6 +132,9 @@ void CLmRtkStationSettings::ConnectForm()
     connect(ui->m_pBtnDelete, &QPushButton::clicked, this, &CLmRtkStationSettings::slotDeleteRawFiles);
     connect(ui->m_pBtnFormat, &QPushButton::clicked, this, &CLmRtkStationSettings::slotFormatStation);
     connect(ui->m_pBtnDownload, &QPushButton::clicked, this, &CLmRtkStationSettings::slotDownloadSelectRawFiles);
+    connect(ui->m_pBtnCalculator, &QPushButton::clicked, this, &CLmRtkStationSettings::slotShowCalculator);
+    connect(ui->m_pBtnCalculator2, &QPushButton::clicked, this, &CLmRtkStationSettings::slotShowCalculator2);
+    connect(ui->m_pBtnFormatConverter, &QPushButton::clicked, this, &CLmRtkStationSettings::slotShowFormatConverter);
     connect(ui->m_pChkCheckAll, &QCheckBox::clicked, this, &CLmRtkStationSettings::CheckAllRows);
     connect(ui->m_pTableFiles, &QTableWidget::itemClicked, this, &CLmRtkStationSettings::ToggleRowCheck);
 }
@@ -623,4 +628,38 @@ void CLmRtkStationSettings::ShowDownloadProgress(const QString& name, qint64 rec
     m_pUi->m_pProgressDownload->setMaximum(int(std::max<qint64>(1, total / 1024)));
     m_pUi->m_pProgressDownload->setValue(int(received / 1024));
     m_pUi->m_pLblDownloadState->setText(tr("Downloading") + QLatin1Char(' ') + name);
+}
+
+// ---- calculators ----
+
+// The first point against the station's own position, when it reported one.
+void CLmRtkStationSettings::ShowCalculatorFrom(const std::optional<LmBaseStationMath::SGeoPoint>& first)
+{
+    CLmCoordinateCalculator dialog(this);
+    if (first)
+        dialog.SetFirstPoint(*first);
+    if (const auto own = m_pController->OwnPosition())
+        dialog.SetSecondPoint(*own);
+    dialog.exec();
+}
+
+void CLmRtkStationSettings::slotShowCalculator()
+{
+    const SLmStationSetup setup = ReadSetup();
+    ShowCalculatorFrom(setup.bComplete ? std::optional(setup.entered) : std::nullopt);
+}
+
+void CLmRtkStationSettings::slotShowCalculator2()
+{
+    const CLmPointCapture& capture = m_pController->Capture();
+    ShowCalculatorFrom(capture.HasResult() ? std::optional(capture.Result()) : std::nullopt);
+}
+
+void CLmRtkStationSettings::slotShowFormatConverter()
+{
+    CLmCoordinateConverter dialog(this);
+    if (const auto lat = ReadDms(m_pUi->m_pEditLatDeg->text(), m_pUi->m_pEditLatMin->text(),
+                                 m_pUi->m_pEditLatSec->text(), 90.0))
+        dialog.SetDegrees(*lat);
+    dialog.exec();
 }

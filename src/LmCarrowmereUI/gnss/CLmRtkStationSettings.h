@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CLmStationPrompts.h"
+#include "LmBaseStationMath.h"
 #include "LmStationRules.h"
 #include "SBaseStationRecords.h"
 #include "SLmReferencePoint.h"
@@ -9,6 +10,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class CLmRtkStationSettings;
@@ -58,6 +60,9 @@ public Q_SLOTS:
     void slotDeleteRawFiles();
     void slotFormatStation();
     void slotDownloadSelectRawFiles();
+    void slotShowCalculator();
+    void slotShowCalculator2();
+    void slotShowFormatConverter();
 
 Q_SIGNALS:
     void BaseStationConnect(bool bConnected);
@@ -90,6 +95,7 @@ private:
     void ToggleRowCheck(QTableWidgetItem* item);
     void CheckAllRows(bool bChecked);
     QStringList CheckedFileNames() const;
+    void ShowCalculatorFrom(const std::optional<LmBaseStationMath::SGeoPoint>& first);
 
     std::unique_ptr<Ui::CLmRtkStationSettings> m_pUi;
     CLmRtkStationController* m_pController;

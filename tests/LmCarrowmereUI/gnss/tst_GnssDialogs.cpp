@@ -1,8 +1,10 @@
 #include "CLmCarrowmereSaveRPWidget.h"
+#include "CLmCoordinateConverter.h"
 #include "CLmCorsStationSettingPage.h"
 #include "ModalAnswer.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QtTest>
@@ -17,6 +19,8 @@ private Q_SLOTS:
     void checksAccountBeforeMountPoint_data();
     void checksAccountBeforeMountPoint();
     void replacesSourceList();
+    void convertsAngle_data();
+    void convertsAngle();
 };
 
 void tst_GnssDialogs::namesPoint_data()
@@ -87,6 +91,31 @@ void tst_GnssDialogs::replacesSourceList()
     auto* list = dialog.findChild<QComboBox*>(QStringLiteral("m_pComboSourceList"));
     QCOMPARE(list->count(), 1);
     QCOMPARE(list->itemText(0), QStringLiteral("SKY01"));
+}
+
+void tst_GnssDialogs::convertsAngle_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QStringList>("typed");  // decimal, or degrees, minutes, seconds
+    QTest::addColumn<QString>("ddmm");
+    QTest::newRow("south to ddmm") << "m_pBtnFromDecimal" << QStringList{"-22.5"} << "-2230.0000000";
+    QTest::newRow("east from dms") << "m_pBtnFromDms" << QStringList{"113", "15", "36"} << "11315.6000000";
+    QTest::newRow("minutes out of range") << "m_pBtnFromDms" << QStringList{"22", "61", "0"} << "Not an angle";
+    QTest::newRow("beyond 180") << "m_pBtnFromDecimal" << QStringList{"181"} << "Not an angle";
+}
+
+void tst_GnssDialogs::convertsAngle()
+{
+    QFETCH(QString, button);
+    QFETCH(QStringList, typed);
+    QFETCH(QString, ddmm);
+    CLmCoordinateConverter dialog;
+    const QStringList fields = typed.size() == 1 ? QStringList{"m_pEditDecimal"}
+                                                 : QStringList{"m_pEditDeg", "m_pEditMin", "m_pEditSec"};
+    for (int i = 0; i < fields.size(); ++i)
+        dialog.findChild<QLineEdit*>(fields.at(i))->setText(typed.at(i));
+    dialog.findChild<QPushButton*>(button)->click();
+    QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("m_pLblDdmm"))->text(), ddmm);
 }
 
 QTEST_MAIN(tst_GnssDialogs)
