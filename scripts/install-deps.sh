@@ -18,6 +18,7 @@ PACKAGES=(
   libsqlite3-dev
   rapidjson-dev
   libsodium-dev
+  qtpositioning5-dev libqt5positioning5
 )
 missing=()
 for p in "${PACKAGES[@]}"; do

@@ -5,6 +5,7 @@
 #include "CLmLicencePage.h"
 #include "CLmPlaneStatus.h"
 #include "CLmRawDataDownloadWgt.h"
+#include "CLmRtkStationSettings.h"
 #include "CLmUavSettings.h"
 #include "ui_CLmCarrowmereMaintainPage.h"
 
@@ -70,6 +71,14 @@ CLmCarrowmereMaintainPage::CLmCarrowmereMaintainPage(QWidget* parent)
         m_pLicence->SetCurrentUas(m_pUas);
         return m_pLicence;
     });
+    // The base station is reached over its own network, not through the
+    // aircraft: its section connects whenever its entry is pressed.
+    AddSection(m_pUi->m_pBtnBaseStation, [this] {
+        m_pBaseStation = new CLmRtkStationSettings;
+        m_pBaseStation->setObjectName(QStringLiteral("CLmRtkStationSettings"));
+        return m_pBaseStation;
+    });
+    connect(m_pUi->m_pBtnBaseStation, &QPushButton::clicked, this, [this] { m_pBaseStation->ConnectBaseStation(); });
     connect(m_pSectionEntries, &QButtonGroup::idClicked, this, &CLmCarrowmereMaintainPage::ShowSection);
     ShowSection(kOverviewSection);
     SetUsbDisks({});

@@ -15,6 +15,7 @@ class CLmFirmwareSection;
 class CLmLicencePage;
 class CLmPlaneStatus;
 class CLmRawDataDownloadWgt;
+class CLmRtkStationSettings;
 class CLmUasProvide;
 class CLmUavSettings;
 class QAbstractButton;
@@ -79,6 +80,7 @@ private:
     CLmPlaneStatus* m_pPlaneStatus = nullptr;
     CLmUavSettings* m_pUavSettings = nullptr;
     CLmRawDataDownloadWgt* m_pRawDataDownload = nullptr;
+    CLmRtkStationSettings* m_pBaseStation = nullptr;
     CLmFaultDiagnosisSection* m_pFaultDiagnosis = nullptr;
     CLmFirmwareSection* m_pFirmware = nullptr;
     CLmLicencePage* m_pLicence = nullptr;
