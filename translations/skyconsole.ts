@@ -199,6 +199,25 @@
     </message>
 </context>
 <context>
+    <name>CLmCarrowmereSaveRPWidget</name>
+    <message>
+        <source>Save reference point</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CLmCarrowmereUpgradeLauncher</name>
     <message>
         <source>Looking for the newest launcher ...</source>
@@ -347,6 +366,143 @@
     </message>
     <message>
         <source>No matching city</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCoordinateCalculator</name>
+    <message>
+        <source>Calculator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>First point (lat, lng):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Second point (lat, lng):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Distance:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Calculate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not a position</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCoordinateConverter</name>
+    <message>
+        <source>Format converter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Degrees:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Degrees, minutes, seconds:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>°</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>′</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>″</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Degrees and minutes (ddmm):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Degrees to DMS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>DMS to degrees</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not an angle</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmCorsStationSettingPage</name>
+    <message>
+        <source>Connect to CORS station</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Host Address:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Account:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Source list:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Acquiring</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connection protocol:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>NTRIP</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please input host address and port.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please input account and password.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select source node.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1742,6 +1898,568 @@
     </message>
 </context>
 <context>
+    <name>CLmRtkStationController</name>
+    <message>
+        <source>One or more parameter can not set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The deviation between the current setting point and the single point positioning coordinates is too large, do you want to continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The deviation between the current setting and the single point positioning coordinates is too large, do you want to continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The operator will be stop static capture.Are you sure?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to format base station,the operator will be delete all files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Currently in static record mode,please stop static file then click format button.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Currently in static record mode,please stop static file then click save button.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you stop static record file?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please input host address and port.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Acquiring source node failed,please check host address and port.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The reference point could not be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select exist reference point.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to delete select reference point?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete reference point succeed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete reference point</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No point has been captured yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save reference point succeed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save reference point</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file name %1 from the base station was refused.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file %1 could not be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All file(s) to download finished.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download file error ,please check base station connect state then try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CLmRtkStationSettings</name>
+    <message>
+        <source>RTK Base Station</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Base Station SN:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>N/A</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware Version:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Work mode:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Battery Present:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Base Station Data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Point capture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Base Station State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Work mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GNSS high-accuracy mode:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Disuse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PPK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CORS &amp; PPK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Single station &amp; PPK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Suitable for use:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>F200,F300</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The base station is not used during the flight.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PPK: record raw data only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Altitude to angle:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CORS station</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Raw data only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Host Address:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Account:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Source list:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Acquiring</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connection protocol:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>NTRIP</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Known points:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Manual input</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Calculator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Format converter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Latitude:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>°</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>′</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>″</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Longitude:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vertical height:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GNSS Type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>BDS+GPS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GPS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>BDS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan interval（Hz):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>5</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>10</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Differential data:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RTCM3.0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RTCM3.2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Raw data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CORS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Single station</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Static files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Memory Size:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Free Space:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CheckAll</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>connect to CORS station</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Single point</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sample average</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capture quantity:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Position limits:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fixed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Captured point:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Samples:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>0/0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete Point</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Static recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording file:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Create time:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Station lat:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quality factor:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Station lng:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Seatellite number:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Station alt:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Precision factor:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GGAHz:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Base</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rover</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Static</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Create Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All file(s) to download finished.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Checking...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connect failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No point has been captured yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Input reference point name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select one or more file(s) to delete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to delete selected file(s)?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select one or more file(s) to download.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save raw data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CLmShareDialog</name>
     <message>
         <source>Project:</source>
@@ -2360,6 +3078,121 @@
     </message>
     <message>
         <source>Connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LmStationRules</name>
+    <message>
+        <source>:Success</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>:Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start static file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not static mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File name exist</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parameter error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GPS is not positioning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>delete file(s) succeed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not static mode.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete files failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Base Ntrip </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>connect to CORS station failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set work mode to static failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop static file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please input reference point name.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The reference point name can have at most %1 characters.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The reference point name has been exist.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid fix</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Standalone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Diff corrected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GPS PPS mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RTK fixed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RTK float</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dead reckoning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Entered position</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Simulator model</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reserved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not defined</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -199,6 +199,25 @@
     </message>
 </context>
 <context>
+    <name>CLmCarrowmereSaveRPWidget</name>
+    <message>
+        <source>Save reference point</source>
+        <translation>保存参考点</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>另存为</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
     <name>CLmCarrowmereUpgradeLauncher</name>
     <message>
         <source>Looking for the newest launcher ...</source>
@@ -348,6 +367,143 @@
     <message>
         <source>No matching city</source>
         <translation>没有匹配的城市</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCoordinateCalculator</name>
+    <message>
+        <source>Calculator</source>
+        <translation>计算器</translation>
+    </message>
+    <message>
+        <source>First point (lat, lng):</source>
+        <translation>第一点（纬度，经度）：</translation>
+    </message>
+    <message>
+        <source>Second point (lat, lng):</source>
+        <translation>第二点（纬度，经度）：</translation>
+    </message>
+    <message>
+        <source>Distance:</source>
+        <translation>距离：</translation>
+    </message>
+    <message>
+        <source>Calculate</source>
+        <translation>计算</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Not a position</source>
+        <translation>不是有效位置</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCoordinateConverter</name>
+    <message>
+        <source>Format converter</source>
+        <translation>格式转换</translation>
+    </message>
+    <message>
+        <source>Degrees:</source>
+        <translation>度：</translation>
+    </message>
+    <message>
+        <source>Degrees, minutes, seconds:</source>
+        <translation>度、分、秒：</translation>
+    </message>
+    <message>
+        <source>°</source>
+        <translation>°</translation>
+    </message>
+    <message>
+        <source>′</source>
+        <translation>′</translation>
+    </message>
+    <message>
+        <source>″</source>
+        <translation>″</translation>
+    </message>
+    <message>
+        <source>Degrees and minutes (ddmm):</source>
+        <translation>度分（ddmm）：</translation>
+    </message>
+    <message>
+        <source>Degrees to DMS</source>
+        <translation>度转度分秒</translation>
+    </message>
+    <message>
+        <source>DMS to degrees</source>
+        <translation>度分秒转度</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Not an angle</source>
+        <translation>不是有效角度</translation>
+    </message>
+</context>
+<context>
+    <name>CLmCorsStationSettingPage</name>
+    <message>
+        <source>Connect to CORS station</source>
+        <translation>连接 CORS 站</translation>
+    </message>
+    <message>
+        <source>Host Address:</source>
+        <translation>主机地址：</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>端口：</translation>
+    </message>
+    <message>
+        <source>Account:</source>
+        <translation>账号：</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>密码：</translation>
+    </message>
+    <message>
+        <source>Source list:</source>
+        <translation>源列表：</translation>
+    </message>
+    <message>
+        <source>Acquiring</source>
+        <translation>获取</translation>
+    </message>
+    <message>
+        <source>Connection protocol:</source>
+        <translation>连接协议：</translation>
+    </message>
+    <message>
+        <source>NTRIP</source>
+        <translation>NTRIP</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Please input host address and port.</source>
+        <translation>请输入主机地址和端口。</translation>
+    </message>
+    <message>
+        <source>Please input account and password.</source>
+        <translation>请输入账号和密码。</translation>
+    </message>
+    <message>
+        <source>Please select source node.</source>
+        <translation>请选择源节点。</translation>
     </message>
 </context>
 <context>
@@ -1742,6 +1898,568 @@
     </message>
 </context>
 <context>
+    <name>CLmRtkStationController</name>
+    <message>
+        <source>One or more parameter can not set</source>
+        <translation>一个或多个参数无法设置</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>The deviation between the current setting point and the single point positioning coordinates is too large, do you want to continue?</source>
+        <translation>当前设置点与单点定位坐标偏差过大，是否继续？</translation>
+    </message>
+    <message>
+        <source>The deviation between the current setting and the single point positioning coordinates is too large, do you want to continue?</source>
+        <translation>当前设置与单点定位坐标偏差过大，是否继续？</translation>
+    </message>
+    <message>
+        <source>The operator will be stop static capture.Are you sure?</source>
+        <translation>此操作将停止静态采集。确定吗？</translation>
+    </message>
+    <message>
+        <source>Are you sure to format base station,the operator will be delete all files.</source>
+        <translation>确定要格式化基站吗？此操作将删除所有文件。</translation>
+    </message>
+    <message>
+        <source>Currently in static record mode,please stop static file then click format button.</source>
+        <translation>当前处于静态记录模式，请先停止静态文件再点击格式化按钮。</translation>
+    </message>
+    <message>
+        <source>Currently in static record mode,please stop static file then click save button.</source>
+        <translation>当前处于静态记录模式，请先停止静态文件再点击保存按钮。</translation>
+    </message>
+    <message>
+        <source>Are you stop static record file?</source>
+        <translation>确定要停止静态记录文件吗？</translation>
+    </message>
+    <message>
+        <source>Please input host address and port.</source>
+        <translation>请输入主机地址和端口。</translation>
+    </message>
+    <message>
+        <source>Acquiring source node failed,please check host address and port.</source>
+        <translation>获取源节点失败，请检查主机地址和端口。</translation>
+    </message>
+    <message>
+        <source>The reference point could not be saved.</source>
+        <translation>参考点无法保存。</translation>
+    </message>
+    <message>
+        <source>Please select exist reference point.</source>
+        <translation>请选择已有的参考点。</translation>
+    </message>
+    <message>
+        <source>Are you sure to delete select reference point?</source>
+        <translation>确定要删除所选参考点吗？</translation>
+    </message>
+    <message>
+        <source>Delete reference point succeed.</source>
+        <translation>参考点删除成功。</translation>
+    </message>
+    <message>
+        <source>Delete reference point</source>
+        <translation>删除参考点</translation>
+    </message>
+    <message>
+        <source>No point has been captured yet.</source>
+        <translation>尚未采集到点。</translation>
+    </message>
+    <message>
+        <source>Save reference point succeed.</source>
+        <translation>参考点保存成功。</translation>
+    </message>
+    <message>
+        <source>Save reference point</source>
+        <translation>保存参考点</translation>
+    </message>
+    <message>
+        <source>The file name %1 from the base station was refused.</source>
+        <translation>基站的文件名 %1 已被拒绝。</translation>
+    </message>
+    <message>
+        <source>The file %1 could not be written.</source>
+        <translation>文件 %1 无法写入。</translation>
+    </message>
+    <message>
+        <source>All file(s) to download finished.</source>
+        <translation>所有文件下载完成。</translation>
+    </message>
+    <message>
+        <source>Download file error ,please check base station connect state then try again.</source>
+        <translation>文件下载出错，请检查基站连接状态后重试。</translation>
+    </message>
+</context>
+<context>
+    <name>CLmRtkStationSettings</name>
+    <message>
+        <source>RTK Base Station</source>
+        <translation>RTK 基站</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>未连接</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>连接</translation>
+    </message>
+    <message>
+        <source>Base Station SN:</source>
+        <translation>基站序列号：</translation>
+    </message>
+    <message>
+        <source>N/A</source>
+        <translation>N/A</translation>
+    </message>
+    <message>
+        <source>Firmware Version:</source>
+        <translation>固件版本：</translation>
+    </message>
+    <message>
+        <source>Work mode:</source>
+        <translation>工作模式：</translation>
+    </message>
+    <message>
+        <source>Battery Present:</source>
+        <translation>电池电量：</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Base Station Data</source>
+        <translation>基站数据</translation>
+    </message>
+    <message>
+        <source>Point capture</source>
+        <translation>点采集</translation>
+    </message>
+    <message>
+        <source>Base Station State</source>
+        <translation>基站状态</translation>
+    </message>
+    <message>
+        <source>Work mode</source>
+        <translation>工作模式</translation>
+    </message>
+    <message>
+        <source>GNSS high-accuracy mode:</source>
+        <translation>GNSS 高精度模式：</translation>
+    </message>
+    <message>
+        <source>Disuse</source>
+        <translation>不使用</translation>
+    </message>
+    <message>
+        <source>PPK</source>
+        <translation>PPK</translation>
+    </message>
+    <message>
+        <source>CORS &amp; PPK</source>
+        <translation>CORS 与 PPK</translation>
+    </message>
+    <message>
+        <source>Single station &amp; PPK</source>
+        <translation>单基站与 PPK</translation>
+    </message>
+    <message>
+        <source>Suitable for use:</source>
+        <translation>适用机型：</translation>
+    </message>
+    <message>
+        <source>F200,F300</source>
+        <translation>F200,F300</translation>
+    </message>
+    <message>
+        <source>The base station is not used during the flight.</source>
+        <translation>飞行期间不使用基站。</translation>
+    </message>
+    <message>
+        <source>PPK: record raw data only</source>
+        <translation>PPK：仅记录原始数据</translation>
+    </message>
+    <message>
+        <source>Altitude to angle:</source>
+        <translation>高度截止角：</translation>
+    </message>
+    <message>
+        <source>CORS station</source>
+        <translation>CORS 站</translation>
+    </message>
+    <message>
+        <source>Raw data only</source>
+        <translation>仅原始数据</translation>
+    </message>
+    <message>
+        <source>Host Address:</source>
+        <translation>主机地址：</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>端口：</translation>
+    </message>
+    <message>
+        <source>Account:</source>
+        <translation>账号：</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>密码：</translation>
+    </message>
+    <message>
+        <source>Source list:</source>
+        <translation>源列表：</translation>
+    </message>
+    <message>
+        <source>Acquiring</source>
+        <translation>获取</translation>
+    </message>
+    <message>
+        <source>Connection protocol:</source>
+        <translation>连接协议：</translation>
+    </message>
+    <message>
+        <source>NTRIP</source>
+        <translation>NTRIP</translation>
+    </message>
+    <message>
+        <source>Known points:</source>
+        <translation>已知点：</translation>
+    </message>
+    <message>
+        <source>Manual input</source>
+        <translation>手动输入</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Calculator</source>
+        <translation>计算器</translation>
+    </message>
+    <message>
+        <source>Format converter</source>
+        <translation>格式转换</translation>
+    </message>
+    <message>
+        <source>Latitude:</source>
+        <translation>纬度：</translation>
+    </message>
+    <message>
+        <source>°</source>
+        <translation>°</translation>
+    </message>
+    <message>
+        <source>′</source>
+        <translation>′</translation>
+    </message>
+    <message>
+        <source>″</source>
+        <translation>″</translation>
+    </message>
+    <message>
+        <source>Longitude:</source>
+        <translation>经度：</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>高度：</translation>
+    </message>
+    <message>
+        <source>Vertical height:</source>
+        <translation>天线高：</translation>
+    </message>
+    <message>
+        <source>GNSS Type:</source>
+        <translation>GNSS 类型：</translation>
+    </message>
+    <message>
+        <source>BDS+GPS</source>
+        <translation>BDS+GPS</translation>
+    </message>
+    <message>
+        <source>GPS</source>
+        <translation>GPS</translation>
+    </message>
+    <message>
+        <source>BDS</source>
+        <translation>BDS</translation>
+    </message>
+    <message>
+        <source>Scan interval（Hz):</source>
+        <translation>采样频率（Hz）：</translation>
+    </message>
+    <message>
+        <source>1</source>
+        <translation>1</translation>
+    </message>
+    <message>
+        <source>2</source>
+        <translation>2</translation>
+    </message>
+    <message>
+        <source>5</source>
+        <translation>5</translation>
+    </message>
+    <message>
+        <source>10</source>
+        <translation>10</translation>
+    </message>
+    <message>
+        <source>Differential data:</source>
+        <translation>差分数据：</translation>
+    </message>
+    <message>
+        <source>RTCM3.0</source>
+        <translation>RTCM3.0</translation>
+    </message>
+    <message>
+        <source>RTCM3.2</source>
+        <translation>RTCM3.2</translation>
+    </message>
+    <message>
+        <source>Raw data</source>
+        <translation>原始数据</translation>
+    </message>
+    <message>
+        <source>CORS</source>
+        <translation>CORS</translation>
+    </message>
+    <message>
+        <source>Single station</source>
+        <translation>单基站</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Static files</source>
+        <translation>静态文件</translation>
+    </message>
+    <message>
+        <source>Memory Size:</source>
+        <translation>存储容量：</translation>
+    </message>
+    <message>
+        <source>Free Space:</source>
+        <translation>剩余空间：</translation>
+    </message>
+    <message>
+        <source>CheckAll</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式化</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>connect to CORS station</source>
+        <translation>连接 CORS 站</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>模式：</translation>
+    </message>
+    <message>
+        <source>Single point</source>
+        <translation>单点</translation>
+    </message>
+    <message>
+        <source>Sample average</source>
+        <translation>采样平均</translation>
+    </message>
+    <message>
+        <source>Capture quantity:</source>
+        <translation>采集数量：</translation>
+    </message>
+    <message>
+        <source>Position limits:</source>
+        <translation>位置限差：</translation>
+    </message>
+    <message>
+        <source>Fixed</source>
+        <translation>固定解</translation>
+    </message>
+    <message>
+        <source>Captured point:</source>
+        <translation>采集的点：</translation>
+    </message>
+    <message>
+        <source>Samples:</source>
+        <translation>样本：</translation>
+    </message>
+    <message>
+        <source>0/0</source>
+        <translation>0/0</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>开始</translation>
+    </message>
+    <message>
+        <source>Delete Point</source>
+        <translation>删除点</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Static recording</source>
+        <translation>静态记录</translation>
+    </message>
+    <message>
+        <source>Recording file:</source>
+        <translation>记录文件：</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>状态：</translation>
+    </message>
+    <message>
+        <source>Create time:</source>
+        <translation>创建时间：</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>停止记录</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Station lat:</source>
+        <translation>基站纬度：</translation>
+    </message>
+    <message>
+        <source>Quality factor:</source>
+        <translation>定位质量：</translation>
+    </message>
+    <message>
+        <source>Station lng:</source>
+        <translation>基站经度：</translation>
+    </message>
+    <message>
+        <source>Seatellite number:</source>
+        <translation>卫星数：</translation>
+    </message>
+    <message>
+        <source>Station alt:</source>
+        <translation>基站高度：</translation>
+    </message>
+    <message>
+        <source>Precision factor:</source>
+        <translation>精度因子：</translation>
+    </message>
+    <message>
+        <source>GGAHz:</source>
+        <translation>GGA 频率：</translation>
+    </message>
+    <message>
+        <source>Base</source>
+        <translation>基站</translation>
+    </message>
+    <message>
+        <source>Rover</source>
+        <translation>移动站</translation>
+    </message>
+    <message>
+        <source>Static</source>
+        <translation>静态</translation>
+    </message>
+    <message>
+        <source>File Name</source>
+        <translation>文件名</translation>
+    </message>
+    <message>
+        <source>Create Time</source>
+        <translation>创建时间</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>All file(s) to download finished.</source>
+        <translation>所有文件下载完成。</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>正在连接……</translation>
+    </message>
+    <message>
+        <source>Checking...</source>
+        <translation>正在检查……</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>已连接</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>正在记录</translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation>未记录</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>下一步</translation>
+    </message>
+    <message>
+        <source>Connect failed</source>
+        <translation>连接失败</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>No point has been captured yet.</source>
+        <translation>尚未采集到点。</translation>
+    </message>
+    <message>
+        <source>Input reference point name</source>
+        <translation>输入参考点名称</translation>
+    </message>
+    <message>
+        <source>Please select one or more file(s) to delete.</source>
+        <translation>请选择一个或多个要删除的文件。</translation>
+    </message>
+    <message>
+        <source>Are you sure to delete selected file(s)?</source>
+        <translation>确定要删除所选文件吗？</translation>
+    </message>
+    <message>
+        <source>Please select one or more file(s) to download.</source>
+        <translation>请选择一个或多个要下载的文件。</translation>
+    </message>
+    <message>
+        <source>Save raw data</source>
+        <translation>保存原始数据</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>正在下载</translation>
+    </message>
+</context>
+<context>
     <name>CLmShareDialog</name>
     <message>
         <source>Project:</source>
@@ -2362,6 +3080,121 @@
     <message>
         <source>Connected</source>
         <translation>已连接</translation>
+    </message>
+</context>
+<context>
+    <name>LmStationRules</name>
+    <message>
+        <source>:Success</source>
+        <translation>：成功</translation>
+    </message>
+    <message>
+        <source>:Failed</source>
+        <translation>：失败</translation>
+    </message>
+    <message>
+        <source>Start static file</source>
+        <translation>开始静态文件</translation>
+    </message>
+    <message>
+        <source>Not static mode</source>
+        <translation>不是静态模式</translation>
+    </message>
+    <message>
+        <source>File name exist</source>
+        <translation>文件名已存在</translation>
+    </message>
+    <message>
+        <source>Parameter error</source>
+        <translation>参数错误</translation>
+    </message>
+    <message>
+        <source>GPS is not positioning</source>
+        <translation>GPS 未定位</translation>
+    </message>
+    <message>
+        <source>delete file(s) succeed.</source>
+        <translation>文件删除成功。</translation>
+    </message>
+    <message>
+        <source>Not static mode.</source>
+        <translation>不是静态模式。</translation>
+    </message>
+    <message>
+        <source>Delete files failed.</source>
+        <translation>删除文件失败。</translation>
+    </message>
+    <message>
+        <source>Base Ntrip </source>
+        <translation>基站 Ntrip </translation>
+    </message>
+    <message>
+        <source>connect to CORS station failed.</source>
+        <translation>连接 CORS 站失败。</translation>
+    </message>
+    <message>
+        <source>Set work mode to static failed.</source>
+        <translation>设置静态工作模式失败。</translation>
+    </message>
+    <message>
+        <source>Stop static file</source>
+        <translation>停止静态文件</translation>
+    </message>
+    <message>
+        <source>Please input reference point name.</source>
+        <translation>请输入参考点名称。</translation>
+    </message>
+    <message>
+        <source>The reference point name can have at most %1 characters.</source>
+        <translation>参考点名称最多 %1 个字符。</translation>
+    </message>
+    <message>
+        <source>The reference point name has been exist.</source>
+        <translation>参考点名称已存在。</translation>
+    </message>
+    <message>
+        <source>Invalid fix</source>
+        <translation>无效解</translation>
+    </message>
+    <message>
+        <source>Standalone</source>
+        <translation>单点解</translation>
+    </message>
+    <message>
+        <source>Diff corrected</source>
+        <translation>差分解</translation>
+    </message>
+    <message>
+        <source>GPS PPS mode</source>
+        <translation>GPS PPS 模式</translation>
+    </message>
+    <message>
+        <source>RTK fixed</source>
+        <translation>RTK 固定解</translation>
+    </message>
+    <message>
+        <source>RTK float</source>
+        <translation>RTK 浮点解</translation>
+    </message>
+    <message>
+        <source>Dead reckoning</source>
+        <translation>航位推算</translation>
+    </message>
+    <message>
+        <source>Entered position</source>
+        <translation>输入位置</translation>
+    </message>
+    <message>
+        <source>Simulator model</source>
+        <translation>模拟模式</translation>
+    </message>
+    <message>
+        <source>Reserved</source>
+        <translation>保留</translation>
+    </message>
+    <message>
+        <source>Not defined</source>
+        <translation>未定义</translation>
     </message>
 </context>
 <context>
