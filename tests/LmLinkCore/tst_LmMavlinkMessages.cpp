@@ -58,9 +58,8 @@ const std::map<uint32_t, RoundTrip>& usedMessages()
         SSkyParachuteRopeReset, SSkyParachuteRopeResetAck, SSkyFixwingBattery, SSkyCalibrationFailureCode,
         SSkyRawFolderRequestList, SSkyRawFolderEntry, SSkyRawEntryRequestList, SSkyRawEntry,
         SSkyRawEntryRequestData, SSkyRawEntryData, SSkyRawRequestEnd, SFileTransferProtocol, SSkyFirmwareManifest,
-        SSkyFirmwareInstall, SSkyFirmwareVersionRequest, SSkyFirmwareStatus>();
-        SSkyRawEntryRequestData, SSkyRawEntryData, SSkyRawRequestEnd,
-        SSkyLicenceRequest, SSkyLicenceWrite, SSkyLicenceStatus>();
+        SSkyFirmwareInstall, SSkyFirmwareVersionRequest, SSkyFirmwareStatus, SSkyLicenceRequest, SSkyLicenceWrite,
+        SSkyLicenceStatus>();
     return table;
 }
 
