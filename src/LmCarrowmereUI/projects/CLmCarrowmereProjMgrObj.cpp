@@ -109,6 +109,12 @@ void CLmCarrowmereProjMgrObj::slotDownloadSharedProject(QString strProjID, QStri
 
 void CLmCarrowmereProjMgrObj::DownloadOne(const SProjInfor& info)
 {
+    // A project asked for by itself leaves the queue, so that one request
+    // ends in one result; when it is the one being fetched, that transfer
+    // gives the result.
+    RemoveFromQueue(m_listDownload, info.strProjID);
+    if (m_bDownloading && m_curDownload.strProjID == info.strProjID)
+        return;
     // One transfer at a time: a download under way finishes first.
     if (m_bDownloading) {
         m_listSingleWaiting.append(info);
