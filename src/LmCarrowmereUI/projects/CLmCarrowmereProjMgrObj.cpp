@@ -95,6 +95,8 @@ void CLmCarrowmereProjMgrObj::slotDownloadPrjectWithProjID(QString strProjID)
     }
     if (info.strProjName.isEmpty())
         info = m_mapLocalProj.value(strProjID, info);
+    if (info.strProjName.isEmpty())
+        info.strProjName = m_mapCloudNames.value(strProjID);
     DownloadOne(info);
 }
 
@@ -109,12 +111,9 @@ void CLmCarrowmereProjMgrObj::slotDownloadSharedProject(QString strProjID, QStri
 
 void CLmCarrowmereProjMgrObj::DownloadOne(const SProjInfor& info)
 {
-    // A project asked for by itself leaves the queue, so that one request
-    // ends in one result; when it is the one being fetched, that transfer
-    // gives the result.
+    // A project asked for by itself leaves the queue: the queue would fetch
+    // it again after this request ended, and one request has one result.
     RemoveFromQueue(m_listDownload, info.strProjID);
-    if (m_bDownloading && m_curDownload.strProjID == info.strProjID)
-        return;
     // One transfer at a time: a download under way finishes first.
     if (m_bDownloading) {
         m_listSingleWaiting.append(info);
@@ -260,6 +259,7 @@ void CLmCarrowmereProjMgrObj::Report(const CLmProjClassifier::SDecision& decisio
         Q_EMIT LocalProjInfor(decision.info);
         // Nothing local to read the survey areas from yet.
         Q_EMIT LocalBlockCity(decision.info.strProjID, QStringList());
+        m_mapCloudNames.insert(decision.info.strProjID, decision.info.strProjName);
         m_listDownload.append(decision.info);
         Q_EMIT NeedDownloadInfo(decision.info);
         break;

@@ -5,6 +5,7 @@
 #include "LmProjSynchTypes.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QMap>
 #include <QObject>
@@ -96,6 +97,9 @@ private:
     QMap<QString, SProjInfor> m_mapLocalProj;
     CLmLocalProjectCache m_scanCache{CLmLocalProjectCache::DefaultStorePath()};
     QList<SProjInfor> m_listDownload;
+    // Names of the projects only in the cloud, for a download asked for by id
+    // once the project has left the queue.
+    QHash<QString, QString> m_mapCloudNames;
     QList<SProjInfor> m_listSingleWaiting;  // single downloads asked for during a transfer
     QList<SProjInfor> m_listUpload;
     SProjInfor m_curDownload;
