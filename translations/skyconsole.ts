@@ -676,6 +676,10 @@
         <source>Firmware upgrade</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Resume</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CLmForgetPasswordDialog</name>

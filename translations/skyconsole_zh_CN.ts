@@ -676,6 +676,10 @@
         <source>Firmware upgrade</source>
         <translation>固件升级</translation>
     </message>
+    <message>
+        <source>Resume</source>
+        <translation>继续</translation>
+    </message>
 </context>
 <context>
     <name>CLmForgetPasswordDialog</name>

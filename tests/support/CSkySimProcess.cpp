@@ -1,6 +1,7 @@
 #include "CSkySimProcess.h"
 
 #include <QDeadlineTimer>
+#include <signal.h>
 #include <QDir>
 
 namespace {
@@ -57,4 +58,14 @@ bool CSkySimProcess::Stop(int timeoutMs)
     m_process.terminate();
     return m_process.waitForFinished(timeoutMs) && m_process.exitStatus() == QProcess::NormalExit
         && m_process.exitCode() == 0;
+}
+
+void CSkySimProcess::Freeze()
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), SIGSTOP);
+}
+
+void CSkySimProcess::Thaw()
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), SIGCONT);
 }

@@ -22,6 +22,10 @@ public:
     quint16 UdpPort() const;
     // Types one console command line (see the skysim README) on its stdin.
     void WriteCommand(const QByteArray& line);
+    // Freezes the emulator (SIGSTOP) and lets it go on (SIGCONT): an aircraft
+    // whose radio drops out and comes back with everything it held.
+    void Freeze();
+    void Thaw();
     // Sends SIGTERM and waits; true when it ended by itself with exit code 0.
     bool Stop(int timeoutMs = 5000);
 

@@ -6,12 +6,15 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonObject>
+#include <QtConcurrent>
 
 #include <cmath>
 
 CLmFirmwareController::CLmFirmwareController(QObject* parent)
     : QObject(parent)
 {
+    connect(&m_packageRead, &QFutureWatcher<QByteArray>::finished, this,
+            [this] { OnPackageRead(m_packageRead.result()); });
 }
 
 CLmFirmwareController::~CLmFirmwareController()
@@ -19,27 +22,38 @@ CLmFirmwareController::~CLmFirmwareController()
     DropUpgrade();
 }
 
+// An aircraft that drops out during an upgrade keeps its upgrade, so that the
+// upload can be resumed when the same aircraft comes back.
 void CLmFirmwareController::SetCurrentUas(CLmUasProvide* pUas)
 {
     if (pUas == m_pUas)
         return;
-    DropUpgrade();
     m_pUas = pUas;
     m_strAircraftVersion.clear();
     m_bFlightStateKnown = false;
-    if (m_pUas) {
-        m_pUpgrade = new CLmFirmwareUpgrade(m_pUas);
-        m_pUpgrade->moveToThread(m_pUas->thread());
-        connect(m_pUpgrade, &CLmFirmwareUpgrade::Progress, this, &CLmFirmwareController::OnProgress);
-        connect(m_pUpgrade, &CLmFirmwareUpgrade::Installing, this,
-                [this] { emit StatusChanged(tr("Installing; the aircraft restarts...")); });
-        connect(m_pUpgrade, &CLmFirmwareUpgrade::Finished, this, &CLmFirmwareController::OnFinished);
-        connect(m_pUpgrade, &CLmFirmwareUpgrade::Failed, this, &CLmFirmwareController::OnFailed);
-        connect(m_pUpgrade, &CLmFirmwareUpgrade::AircraftVersion, this, &CLmFirmwareController::OnAircraftVersion);
-        connect(m_pUpgrade, &CLmFirmwareUpgrade::FlightStateChanged, this, &CLmFirmwareController::OnFlightState);
-        QMetaObject::invokeMethod(m_pUpgrade, &CLmFirmwareUpgrade::RequestVersion);
+    const bool bKeepUpgrade = m_pUpgrade && (pUas == m_pUpgradeUas || (!pUas && (m_bUpgrading || m_bResumable)));
+    if (!bKeepUpgrade) {
+        DropUpgrade();
+        if (m_pUas)
+            CreateUpgrade();
     }
+    if (m_pUas)
+        QMetaObject::invokeMethod(m_pUpgrade, &CLmFirmwareUpgrade::RequestVersion);
     emit Changed();
+}
+
+void CLmFirmwareController::CreateUpgrade()
+{
+    m_pUpgradeUas = m_pUas;
+    m_pUpgrade = new CLmFirmwareUpgrade(m_pUas);
+    m_pUpgrade->moveToThread(m_pUas->thread());
+    connect(m_pUpgrade, &CLmFirmwareUpgrade::Progress, this, &CLmFirmwareController::OnProgress);
+    connect(m_pUpgrade, &CLmFirmwareUpgrade::Installing, this,
+            [this] { emit StatusChanged(tr("Installing; the aircraft restarts...")); });
+    connect(m_pUpgrade, &CLmFirmwareUpgrade::Finished, this, &CLmFirmwareController::OnFinished);
+    connect(m_pUpgrade, &CLmFirmwareUpgrade::Failed, this, &CLmFirmwareController::OnFailed);
+    connect(m_pUpgrade, &CLmFirmwareUpgrade::AircraftVersion, this, &CLmFirmwareController::OnAircraftVersion);
+    connect(m_pUpgrade, &CLmFirmwareUpgrade::FlightStateChanged, this, &CLmFirmwareController::OnFlightState);
 }
 
 void CLmFirmwareController::LoadHeldPackage()
@@ -70,21 +84,64 @@ void CLmFirmwareController::StartUpgrade()
 {
     if (!UpgradeRefusal().isEmpty())
         return;
-    QFile file(m_strPackagePath);
-    if (!file.open(QIODevice::ReadOnly)) {
-        emit StatusChanged(tr("The firmware package cannot be read."));
-        emit UpgradeFailed(tr("The firmware package cannot be read."));
-        return;
-    }
-    const QByteArray package = file.readAll();
     m_bUpgrading = true;
-    m_uploadClock.start();
+    m_bResumable = false;
     emit StatusChanged(tr("Uploading the firmware package..."));
     emit ProgressChanged(0, -1);
     emit Changed();
+    m_packageRead.setFuture(QtConcurrent::run([path = m_strPackagePath] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }));
+}
+
+void CLmFirmwareController::OnPackageRead(const QByteArray& package)
+{
+    if (!m_bUpgrading || !m_pUpgrade)
+        return; // the aircraft changed while the package was read
+    if (package.isEmpty()) {
+        m_bUpgrading = false;
+        emit StatusChanged(tr("The firmware package cannot be read."));
+        emit UpgradeFailed(tr("The firmware package cannot be read."));
+        emit Changed();
+        return;
+    }
+    m_uploadClock.start();
     QMetaObject::invokeMethod(m_pUpgrade, [upgrade = m_pUpgrade, package, version = m_strPackageVersion,
                                            name = QFileInfo(m_strPackagePath).fileName(), sha = m_baPackageSha256] {
         upgrade->Start(package, version, name, sha);
+    });
+}
+
+bool CLmFirmwareController::CanResume() const
+{
+    return m_bResumable && m_pUas;
+}
+
+void CLmFirmwareController::ResumeUpgrade()
+{
+    if (!CanResume())
+        return;
+    m_bResumable = false;
+    m_bUpgrading = true;
+    emit StatusChanged(tr("Uploading the firmware package..."));
+    emit Changed();
+    QMetaObject::invokeMethod(m_pUpgrade, &CLmFirmwareUpgrade::Resume);
+}
+
+// The upgrade lives on the aircraft handle's thread: its answer comes back
+// queued, and only while it is still the current upgrade.
+void CLmFirmwareController::AskWhetherResumable()
+{
+    QPointer<CLmFirmwareController> self(this);
+    QMetaObject::invokeMethod(m_pUpgrade, [self, upgrade = m_pUpgrade] {
+        const bool bResumable = upgrade->CanResume();
+        QMetaObject::invokeMethod(self, [self, upgrade, bResumable] {
+            if (!self || self->m_pUpgrade != upgrade || self->m_bUpgrading)
+                return;
+            self->m_bResumable = bResumable;
+            emit self->Changed();
+        });
     });
 }
 
@@ -116,6 +173,8 @@ void CLmFirmwareController::OnFailed(CLmFirmwareUpgrade::EFailure failure)
     emit StatusChanged(FailureText(failure));
     emit UpgradeFailed(FailureText(failure));
     emit Changed();
+    if (failure == CLmFirmwareUpgrade::EFailure::LinkLost)
+        AskWhetherResumable();
 }
 
 void CLmFirmwareController::OnAircraftVersion(const QString& version)
@@ -136,7 +195,9 @@ void CLmFirmwareController::DropUpgrade()
     if (m_pUpgrade)
         m_pUpgrade->deleteLater();
     m_pUpgrade = nullptr;
+    m_pUpgradeUas = nullptr;
     m_bUpgrading = false;
+    m_bResumable = false;
 }
 
 QString CLmFirmwareController::FailureText(CLmFirmwareUpgrade::EFailure failure)

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QElapsedTimer>
+#include <QFutureWatcher>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -31,7 +32,12 @@ public:
     bool IsUpgrading() const { return m_bUpgrading; }
     // Empty when an upgrade may start, else the reason for the user.
     QString UpgradeRefusal() const;
+    // Reads the package on a worker thread, then hands it to the upgrade.
     void StartUpgrade();
+    // After the link was lost during the package upload: the upload can go on
+    // from where it stopped.
+    bool CanResume() const;
+    void ResumeUpgrade();
 
 signals:
     // Versions, flight state or the upgrade's state changed.
@@ -47,11 +53,15 @@ private:
     void OnFailed(CLmFirmwareUpgrade::EFailure failure);
     void OnAircraftVersion(const QString& version);
     void OnFlightState(bool bArmedOrFlying);
+    void CreateUpgrade();
+    void OnPackageRead(const QByteArray& package);
+    void AskWhetherResumable();
     void DropUpgrade();
     static QString FailureText(CLmFirmwareUpgrade::EFailure failure);
 
     QPointer<CLmUasProvide> m_pUas;
     CLmFirmwareUpgrade* m_pUpgrade = nullptr; // on the aircraft handle's thread
+    QPointer<CLmUasProvide> m_pUpgradeUas;     // the aircraft m_pUpgrade talks to
     QString m_strAircraftVersion;
     QString m_strPackageVersion;
     QString m_strPackagePath;
@@ -59,5 +69,7 @@ private:
     bool m_bFlightStateKnown = false; // no heartbeat read yet: no upgrade either
     bool m_bArmedOrFlying = false;
     bool m_bUpgrading = false;
+    bool m_bResumable = false;
     QElapsedTimer m_uploadClock;
+    QFutureWatcher<QByteArray> m_packageRead;
 };

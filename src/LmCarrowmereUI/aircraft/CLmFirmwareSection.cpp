@@ -34,6 +34,7 @@ CLmFirmwareSection::CLmFirmwareSection(QWidget* parent)
     connect(m_pController, &CLmFirmwareController::ProgressChanged, this, &CLmFirmwareSection::ShowProgress);
     connect(m_pController, &CLmFirmwareController::StatusChanged, m_pLblUpgradeStatus, &QLabel::setText);
     connect(m_pBtnUpgrade, &QPushButton::clicked, this, &CLmFirmwareSection::AskToUpgrade);
+    connect(m_pBtnResume, &QPushButton::clicked, m_pController, &CLmFirmwareController::ResumeUpgrade);
     m_pController->LoadHeldPackage();
     ShowVersions();
 }
@@ -67,7 +68,11 @@ void CLmFirmwareSection::BuildCard()
     grid->addWidget(m_pLblPackageVersion, 2, 1);
     m_pBtnUpgrade = new QPushButton(tr("Upgrade"), card);
     m_pBtnUpgrade->setObjectName(QStringLiteral("m_pBtnUpgrade"));
-    grid->addWidget(m_pBtnUpgrade, 1, 2, 2, 1);
+    grid->addWidget(m_pBtnUpgrade, 1, 2);
+    m_pBtnResume = new QPushButton(tr("Resume"), card);
+    m_pBtnResume->setObjectName(QStringLiteral("m_pBtnResume"));
+    m_pBtnResume->setVisible(false);
+    grid->addWidget(m_pBtnResume, 2, 2);
     m_pProgressUpgrade = new QProgressBar(card);
     m_pProgressUpgrade->setObjectName(QStringLiteral("m_pProgressUpgrade"));
     m_pProgressUpgrade->setRange(0, 100);
@@ -93,6 +98,7 @@ void CLmFirmwareSection::ShowVersions()
     m_pLblAircraftVersion->setText(aircraft.isEmpty() ? unknown : aircraft);
     m_pLblPackageVersion->setText(package.isEmpty() ? tr("none") : package);
     m_pBtnUpgrade->setEnabled(!m_pController->IsUpgrading());
+    m_pBtnResume->setVisible(m_pController->CanResume());
 }
 
 void CLmFirmwareSection::ShowProgress(int percent, int remainingSeconds)

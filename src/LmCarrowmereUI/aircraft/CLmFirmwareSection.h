@@ -11,7 +11,7 @@ class QPushButton;
 // The maintenance page's firmware section: the aircraft's and the package's
 // versions, "Upgrade" (confirmed by the user, refused with the reason while
 // the aircraft is armed or in the air), the upload's progress and remaining
-// time, and the outcome. Bound to CLmFirmwareController.
+// time, and the outcome; "Resume" continues an upload the lost link cut. Bound to CLmFirmwareController.
 class CLmFirmwareSection : public QWidget
 {
     Q_OBJECT
@@ -32,6 +32,7 @@ private:
     QLabel* m_pLblAircraftVersion = nullptr;
     QLabel* m_pLblPackageVersion = nullptr;
     QPushButton* m_pBtnUpgrade = nullptr;
+    QPushButton* m_pBtnResume = nullptr;
     QProgressBar* m_pProgressUpgrade = nullptr;
     QLabel* m_pLblRemaining = nullptr;
     QLabel* m_pLblUpgradeStatus = nullptr;

@@ -35,8 +35,10 @@ private Q_SLOTS:
     void protectionTime();
     void firmwareUpgrade_data();
     void firmwareUpgrade();
+    void firmwareUploadResumesAfterTheAircraftCameBack();
 
 private:
+    void HoldFirmwarePackage(const QByteArray& package);
     CLmUasProvide* ConnectSkySim(const QStringList& arguments);
 
     QThread* m_pThread = nullptr;
@@ -186,6 +188,22 @@ void tst_AircraftPagesWithSkySim::protectionTime()
     QCOMPARE(read.first().first().toInt(), held);
 }
 
+// The package the update check downloaded and recorded, as version 2.1.0.
+void tst_AircraftPagesWithSkySim::HoldFirmwarePackage(const QByteArray& package)
+{
+    QDir().mkpath(CLmUpdateFolders::Firmware());
+    QFile file(QDir(CLmUpdateFolders::Firmware()).filePath(QStringLiteral("firmware-2.1.0.pkg")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(package) == package.size());
+    file.close();
+    const QJsonObject record{
+        {"version", "2.1.0"},
+        {"file", "firmware-2.1.0.pkg"},
+        {"sha256", QString::fromLatin1(QCryptographicHash::hash(package, QCryptographicHash::Sha256).toHex())}};
+    QFile recordFile(QDir(CLmUpdateFolders::Firmware()).filePath(QStringLiteral("firmware.json")));
+    QVERIFY(recordFile.open(QIODevice::WriteOnly));
+    recordFile.write(QJsonDocument(record).toJson());
+}
+
 void tst_AircraftPagesWithSkySim::firmwareUpgrade_data()
 {
     QTest::addColumn<QStringList>("simArguments");
@@ -204,21 +222,7 @@ void tst_AircraftPagesWithSkySim::firmwareUpgrade()
     QFETCH(QString, refusal);
     QFETCH(QString, finalStatus);
     QFETCH(QString, finalVersion);
-    // The package the update check downloaded and recorded.
-    const QByteArray package(40000, '\x3c');
-    QDir().mkpath(CLmUpdateFolders::Firmware());
-    QFile file(QDir(CLmUpdateFolders::Firmware()).filePath(QStringLiteral("firmware-2.1.0.pkg")));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(package) == package.size());
-    file.close();
-    const QJsonObject record{
-        {"version", "2.1.0"},
-        {"file", "firmware-2.1.0.pkg"},
-        {"sha256", QString::fromLatin1(QCryptographicHash::hash(package, QCryptographicHash::Sha256).toHex())}};
-    QFile recordFile(QDir(CLmUpdateFolders::Firmware()).filePath(QStringLiteral("firmware.json")));
-    QVERIFY(recordFile.open(QIODevice::WriteOnly));
-    recordFile.write(QJsonDocument(record).toJson());
-    recordFile.close();
-
+    HoldFirmwarePackage(QByteArray(40000, '\x3c'));
     CLmUasProvide* pUas = ConnectSkySim(QStringList{"--firmware", "2.0.0"} + simArguments);
     QVERIFY(pUas);
     CLmFirmwareSection section;
@@ -237,6 +241,47 @@ void tst_AircraftPagesWithSkySim::firmwareUpgrade()
     QTRY_VERIFY_WITH_TIMEOUT(!controller->IsUpgrading(), 30000);
     QCOMPARE(Text(&section, "m_pLblUpgradeStatus").contains(finalStatus), true);
     QCOMPARE(Text(&section, "m_pLblAircraftVersion"), finalVersion);
+}
+
+// The aircraft goes silent in the middle of the package upload: the hub
+// loses it, the upload fails, the same aircraft comes back, and "Resume"
+// finishes the upgrade from where the upload stopped.
+void tst_AircraftPagesWithSkySim::firmwareUploadResumesAfterTheAircraftCameBack()
+{
+    HoldFirmwarePackage(QByteArray(60000, '\x5a'));
+    CLmUasProvide* pUas = ConnectSkySim({"--firmware", "2.0.0", "--link-rate", "5760"});
+    QVERIFY(pUas);
+    CLmFirmwareSection section;
+    // As the maintenance page does: the aircraft leaves and comes back.
+    connect(m_pWorker, &CLmUAVConnectObj::UAV_disconnected, &section, [&section] { section.SetCurrentUas(nullptr); });
+    connect(m_pWorker, &CLmUAVConnectObj::UAV_connected, &section,
+            [&section](CLmUasProvide* pBack) { section.SetCurrentUas(pBack); });
+    section.SetCurrentUas(pUas);
+    CLmFirmwareController* controller = section.Controller();
+    QTRY_VERIFY_WITH_TIMEOUT(controller->UpgradeRefusal().isEmpty(), 10000);
+    int frozenAt = -1;
+    connect(controller, &CLmFirmwareController::ProgressChanged, this, [&](int percent) {
+        if (frozenAt < 0 && percent >= 20) {
+            frozenAt = percent;
+            m_pSim->Freeze();
+        }
+    });
+    int lowestAfterResume = 100;
+    controller->StartUpgrade();
+    QTRY_VERIFY_WITH_TIMEOUT(frozenAt >= 0, 30000);
+    QTRY_VERIFY_WITH_TIMEOUT(!controller->IsUpgrading(), 30000);
+    QVERIFY2(Text(&section, "m_pLblUpgradeStatus").contains("lost"), qPrintable(Text(&section, "m_pLblUpgradeStatus")));
+    m_pSim->Thaw();
+    auto* resume = section.findChild<QPushButton*>(QStringLiteral("m_pBtnResume"));
+    QTRY_VERIFY_WITH_TIMEOUT(!resume->isHidden(), 15000);
+    connect(controller, &CLmFirmwareController::ProgressChanged, this,
+            [&](int percent) { lowestAfterResume = qMin(lowestAfterResume, percent); });
+    resume->click();
+    QTRY_VERIFY_WITH_TIMEOUT(!controller->IsUpgrading(), 60000);
+    QVERIFY2(Text(&section, "m_pLblUpgradeStatus").contains("Upgrade finished"),
+             qPrintable(Text(&section, "m_pLblUpgradeStatus")));
+    QCOMPARE(Text(&section, "m_pLblAircraftVersion"), QStringLiteral("2.1.0"));
+    QVERIFY2(lowestAfterResume >= frozenAt - 5, qPrintable(QString::number(lowestAfterResume)));
 }
 
 QTEST_MAIN(tst_AircraftPagesWithSkySim)
