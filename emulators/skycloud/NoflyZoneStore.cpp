@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSqlError>
 #include <QSqlQuery>
 
 using namespace LmNoflyZoneSchema;
@@ -47,16 +48,21 @@ bool Upsert(CLmDataBase& db, const char* table, const QStringList& fields, const
 {
     if (!db.Database().transaction())
         return false;
-    const QString sql = UpsertSql(table, fields, key);
-    for (const QJsonValue& row : rows) {
-        QVariantList values;
-        for (const QString& field : fields)
-            values.append(row.toObject().value(field).toVariant());
-        if (!db.Exec(sql, values)) {
-            db.Database().rollback();
-            return false;
-        }
+    // Prepared once: the seeding writes thousands of rows at every first start.
+    QSqlQuery upsert(db.Database());
+    bool ok = upsert.prepare(UpsertSql(table, fields, key));
+    for (auto row = rows.begin(); ok && row != rows.end(); ++row) {
+        const QJsonObject record = row->toObject();
+        for (int column = 0; column < fields.size(); ++column)
+            upsert.bindValue(column, record.value(fields.at(column)).toVariant());
+        ok = upsert.exec();
     }
+    if (!ok) {
+        qCWarning(lcSkyCloud) << "no-fly-zone upsert failed:" << upsert.lastError().text();
+        db.Database().rollback();
+        return false;
+    }
+    upsert.finish();
     return db.Database().commit();
 }
 
