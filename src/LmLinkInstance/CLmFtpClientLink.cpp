@@ -102,6 +102,10 @@ void CLmFtpClientLink::OnFinished()
     m_pReply.clear();
     reply->deleteLater();
     m_received.append(reply->readAll());
+    // The session is closed now rather than kept for a next download: the
+    // station serves few sessions, and one kept until this object ends could
+    // only be dropped without its QUIT.
+    m_manager.clearConnectionCache();
     const bool complete = m_nExpected < 0 || m_received.size() == m_nExpected;
     if (reply->error() != QNetworkReply::NoError || !complete) {
         qCWarning(lcLinkInstanceBase) << "FTP download failed:" << reply->errorString() << "after"

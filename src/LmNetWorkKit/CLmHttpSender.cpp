@@ -1,16 +1,31 @@
 #include "CLmHttpSender.h"
 
+#include <QCoreApplication>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QPointer>
+#include <QThread>
 #include <QThreadStorage>
 
+// One manager per thread, ended with what it serves: the main thread's with
+// the application object (Qt keeps the main thread's storage past it, so a
+// request still waiting at exit would never be released), a worker's when
+// its thread finishes.
 QNetworkAccessManager* CLmHttpSender::ThreadAccessManager()
 {
-    static QThreadStorage<QNetworkAccessManager*> storage;
-    if (!storage.hasLocalData())
-        storage.setLocalData(new QNetworkAccessManager);
-    return storage.localData();
+    static QThreadStorage<QPointer<QNetworkAccessManager>> storage;
+    if (storage.hasLocalData() && storage.localData())
+        return storage.localData();
+    auto* manager = new QNetworkAccessManager;
+    QThread* thread = QThread::currentThread();
+    QCoreApplication* application = QCoreApplication::instance();
+    if (application && thread == application->thread())
+        manager->setParent(application);
+    else
+        QObject::connect(thread, &QThread::finished, manager, &QObject::deleteLater, Qt::DirectConnection);
+    storage.setLocalData(manager);
+    return manager;
 }
 
 QNetworkReply* CLmHttpSender::Send(const QByteArray& url, const Headers& headers, int timeoutMs,

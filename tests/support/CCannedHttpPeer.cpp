@@ -24,6 +24,13 @@ CCannedHttpPeer::CCannedHttpPeer(QByteArray rawAnswer, bool answers)
     });
 }
 
+void CCannedHttpPeer::HangUp()
+{
+    close();
+    for (QTcpSocket* socket : findChildren<QTcpSocket*>())
+        socket->abort();
+}
+
 bool CCannedHttpPeer::IsComplete(const QByteArray& request)
 {
     const int headerEnd = request.indexOf("\r\n\r\n");

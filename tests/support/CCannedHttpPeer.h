@@ -21,6 +21,9 @@ public:
     int RequestCount() const;
     // Everything received on the latest connection.
     QByteArray LastRequest() const;
+    // Stops listening and drops every open connection, as a service that
+    // goes away.
+    void HangUp();
 
 private:
     // Headers and the body their Content-Length announces have arrived.
