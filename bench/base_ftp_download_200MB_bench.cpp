@@ -6,7 +6,8 @@
 // the order (curl, ours, curl, then the reverse) so neither side always runs
 // after the other's writes. One untimed round comes first: curl's time
 // leaves out its program start, and our first download in a process also
-// sets up Qt's network layer. Each round's times go to stderr.
+// sets up Qt's network layer. The process treats transfer buffers as the hub
+// does (LmTransferMemory). Each round's times go to stderr.
 //
 // base_ftp_download_200MB: the client's work ends with the file's bytes held
 // in memory (the page takes them from there); curl's ends with the file on a
@@ -15,6 +16,7 @@
 // file on disk after the transfer, against curl writing the same disk file
 // while it receives.
 #include "CLmFtpClientLink.h"
+#include "LmTransferMemory.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -119,6 +121,9 @@ double Median(std::vector<double> values)
 
 int main(int argc, char* argv[])
 {
+    // As the hub does when it starts.
+    if (!LmTransferMemory::KeepTransferBuffersForReuse())
+        std::fprintf(stderr, "base_ftp_download: the allocator keeps its own thresholds\n");
     QCoreApplication app(argc, argv);
     QTemporaryDir work;
     const QString staticDir = work.filePath(QStringLiteral("station/ftp/static"));
