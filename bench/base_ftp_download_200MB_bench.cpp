@@ -2,7 +2,12 @@
 // link library's FTP client, against curl fetching the same file from the
 // same server in the same run. Each round runs the two back to back, so
 // both meet the same load on a shared machine; the figure is the median of
-// the rounds' ratios, the rates are the best of each side.
+// the rounds' ratios, the rates are the best of each side. Rounds alternate
+// the order (curl, ours, curl, then the reverse) so neither side always runs
+// after the other's writes. One untimed round comes first: curl's time
+// leaves out its program start, and our first download in a process also
+// sets up Qt's network layer. The process treats transfer buffers as the hub
+// does (LmTransferMemory). Each round's times go to stderr.
 //
 // base_ftp_download_200MB: the client's work ends with the file's bytes held
 // in memory (the page takes them from there); curl's ends with the file on a
@@ -11,6 +16,7 @@
 // file on disk after the transfer, against curl writing the same disk file
 // while it receives.
 #include "CLmFtpClientLink.h"
+#include "LmTransferMemory.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -28,7 +34,7 @@
 namespace {
 
 constexpr qint64 kFileSize = 200ll * 1000 * 1000;
-constexpr int kRounds = 7;
+constexpr int kRounds = 9;
 const QString kFileName = QStringLiteral("SKB20261123120000.GNS");
 
 bool WriteStaticFile(const QString& path)
@@ -115,6 +121,9 @@ double Median(std::vector<double> values)
 
 int main(int argc, char* argv[])
 {
+    // As the hub does when it starts.
+    if (!LmTransferMemory::KeepTransferBuffersForReuse())
+        std::fprintf(stderr, "base_ftp_download: the allocator keeps its own thresholds\n");
     QCoreApplication app(argc, argv);
     QTemporaryDir work;
     const QString staticDir = work.filePath(QStringLiteral("station/ftp/static"));
@@ -130,19 +139,38 @@ int main(int argc, char* argv[])
     }
     QTemporaryDir memory(QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm/skybench-XXXXXX")
                                                                      : QString());
+    const QString curlInMemory = memory.filePath(QStringLiteral("curl.GNS"));
+    const QString oursOnDisk = work.filePath(QStringLiteral("ours.GNS"));
+    const QString curlOnDisk = work.filePath(QStringLiteral("curl.GNS"));
     STimes ours{1e9, 1e9};
     double curlToMemory = 1e9, curlToDisk = 1e9;
     std::vector<double> heldRatios, savedRatios;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = -1; round < kRounds; ++round) {
         STimes times;
-        const double toMemory = CurlDownload(port, memory.filePath(QStringLiteral("curl.GNS")));
-        QFile::remove(memory.filePath(QStringLiteral("curl.GNS")));
-        const bool oursOk = OurDownload(port, work.filePath(QStringLiteral("ours.GNS")), times);
-        const double toDisk = CurlDownload(port, work.filePath(QStringLiteral("curl.GNS")));
+        double toMemory = -1.0, toDisk = -1.0;
+        bool oursOk = false;
+        if (round % 2 == 0) {
+            toMemory = CurlDownload(port, curlInMemory);
+            oursOk = OurDownload(port, oursOnDisk, times);
+            toDisk = CurlDownload(port, curlOnDisk);
+        } else {
+            toDisk = CurlDownload(port, curlOnDisk);
+            oursOk = OurDownload(port, oursOnDisk, times);
+            toMemory = CurlDownload(port, curlInMemory);
+        }
+        // Removed rather than overwritten: ext4 flushes a truncated and
+        // rewritten file when it is closed, inside the timed download.
+        for (const QString& copy : {curlInMemory, oursOnDisk, curlOnDisk})
+            QFile::remove(copy);
         if (toMemory <= 0 || toDisk <= 0 || !oursOk) {
             std::fprintf(stderr, "base_ftp_download: a download failed\n");
             return 1;
         }
+        std::fprintf(stderr,
+                     "round %d: curl into memory %.3f s, ours held %.3f s (written %.3f s), curl onto disk %.3f s\n",
+                     round, toMemory, times.held, times.saved, toDisk);
+        if (round < 0)
+            continue;
         heldRatios.push_back(toMemory / times.held);
         savedRatios.push_back(toDisk / times.saved);
         curlToMemory = qMin(curlToMemory, toMemory);

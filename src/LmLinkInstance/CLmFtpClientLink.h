@@ -7,6 +7,8 @@
 #include <QString>
 #include <QTimer>
 
+#include <limits>
+
 class QNetworkReply;
 
 // Downloads one file at a time from the base station's FTP server
@@ -35,20 +37,29 @@ public:
     // A download that receives nothing for this long has failed: the FTP
     // layer can wait forever for the end of a transfer whose server is gone.
     static constexpr int kStallTimeoutMs = 10000;
+    // The held bytes are one QByteArray (an int size and a small header): a
+    // larger file fails instead of exhausting it.
+    static constexpr qint64 kMaxHeldBytes = std::numeric_limits<int>::max() - 64;
 
 signals:
     void downloadProgress(qint64 nReceived, qint64 nTotal);
     // The whole file arrived: ReceivedData() holds it.
     void downLoadFinished();
-    // The download failed or was cut short; ReceivedData() is cleared.
+    // The download failed, was cut short or is larger than kMaxHeldBytes;
+    // ReceivedData() is cleared.
     void NetWorkError();
 
 private:
     void OnReadyRead();
     void OnProgress(qint64 nReceived, qint64 nTotal);
-    // Makes room for the whole file once its size is known.
-    void ExpectSize(qint64 nSize);
+    // Makes room for the whole file once its size is known; false (and the
+    // download failed) when it is too large to hold.
+    bool ExpectSize(qint64 nSize);
+    // Moves what the reply has received to the held bytes; false when they
+    // would grow past kMaxHeldBytes.
+    bool HoldAvailableBytes(QNetworkReply* reply);
     void OnFinished();
+    void GiveUpTooLarge(qint64 nSize);
     void OnStalled();
     void Fail();
 

@@ -1,4 +1,5 @@
 #include "CLmCarrowmereMainWindow.h"
+#include "LmTransferMemory.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -75,6 +76,8 @@ void InstallTranslations(QApplication& app, const QString& language)
 
 int main(int argc, char* argv[])
 {
+    if (!LmTransferMemory::KeepTransferBuffersForReuse())
+        qWarning("the allocator keeps its own thresholds: large downloads fault in fresh memory");
     QCoreApplication::setApplicationName(QStringLiteral("SkyConsole"));
     QCoreApplication::setApplicationVersion(QStringLiteral(SKYCONSOLE_VERSION));
     const QString language = ParseCommandLine(argc, argv);

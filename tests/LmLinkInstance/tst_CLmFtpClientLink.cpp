@@ -95,6 +95,7 @@ void tst_CLmFtpClientLink::failedDownloads_data()
     QTest::newRow("no such file") << QStringLiteral("/static/missing.GNS") << true;
     QTest::newRow("outside the static folder") << QStringLiteral("/../station.ini") << true;
     QTest::newRow("station switched off") << QStringLiteral("/static/a.GNS") << false;
+    QTest::newRow("larger than can be held") << QStringLiteral("/static/huge.GNS") << true;
 }
 
 void tst_CLmFtpClientLink::failedDownloads()
@@ -102,6 +103,10 @@ void tst_CLmFtpClientLink::failedDownloads()
     QFETCH(QString, path);
     QFETCH(bool, stationRunning);
     PutStaticFile(QStringLiteral("a.GNS"), 1000);
+    // A sparse 3 GB file: more than one byte array holds.
+    QFile huge(m_data->filePath(QStringLiteral("ftp/static/huge.GNS")));
+    QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(3000000000ll));
+    huge.close();
     StartStation();
     if (!stationRunning)
         m_station->Kill();
