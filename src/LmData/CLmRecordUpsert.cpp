@@ -48,11 +48,10 @@ QByteArray NumberText(const rapidjson::Value& value)
 CLmRecordUpsert::CLmRecordUpsert(QSqlDatabase& db, const char* table, const QStringList& fields,
                                  const QStringList& required)
     : m_vecBound(fields.size())
+    , m_vecColumnAt(fields.size(), -1)
 {
-    for (const QString& field : fields) {
-        m_vecFields.append(field.toUtf8());
-        m_vecRequired.append(required.contains(field));
-    }
+    for (const QString& field : fields)
+        m_vecFields.push_back({field.toUtf8(), required.contains(field)});
     const QByteArray sql =
         LmNoflyZoneSchema::UpsertSql(table, fields, required.first().toLatin1().constData()).toUtf8();
     if (sqlite3* connection = Handle(db))
@@ -85,20 +84,23 @@ bool CLmRecordUpsert::Bind(const rapidjson::Value& record)
     if (!record.IsObject())
         return false;
     std::fill(m_vecBound.begin(), m_vecBound.end(), false);
+    std::size_t bound = 0;
+    int position = 0;
     for (const auto& member : record.GetObject()) {
-        const int column = ColumnOf(member.name);
+        const int column = ColumnOf(member.name, position++);
         if (column < 0)
             continue;
         if (!BindField(column, member.value))
             return false;
+        bound += m_vecBound[column] ? 0 : 1;
         m_vecBound[column] = true;
     }
-    return !m_vecBound.contains(false);
+    return bound == m_vecFields.size();
 }
 
 bool CLmRecordUpsert::BindField(int column, const rapidjson::Value& value)
 {
-    if (m_vecRequired.at(column))
+    if (m_vecFields[column].bRequired)
         return BindRequired(column, value);
     int result = SQLITE_OK;
     switch (value.GetType()) {
@@ -129,15 +131,26 @@ bool CLmRecordUpsert::BindRequired(int column, const rapidjson::Value& value)
     return value.IsString() && value.GetStringLength() > 0 && BindString(m_pStatement, column, value);
 }
 
-int CLmRecordUpsert::ColumnOf(const rapidjson::Value& name) const
+int CLmRecordUpsert::ColumnOf(const rapidjson::Value& name, int position)
 {
-    const int length = int(name.GetStringLength());
-    for (int column = 0; column < m_vecFields.size(); ++column) {
-        const QByteArray& field = m_vecFields.at(column);
-        if (field.size() == length && std::memcmp(field.constData(), name.GetString(), length) == 0)
-            return column;
+    const bool remembered = std::size_t(position) < m_vecColumnAt.size();
+    if (remembered && m_vecColumnAt[position] >= 0 && IsField(m_vecColumnAt[position], name))
+        return m_vecColumnAt[position];
+    for (std::size_t column = 0; column < m_vecFields.size(); ++column) {
+        if (IsField(int(column), name)) {
+            if (remembered)
+                m_vecColumnAt[position] = int(column);
+            return int(column);
+        }
     }
     return -1;
+}
+
+bool CLmRecordUpsert::IsField(int column, const rapidjson::Value& name) const
+{
+    const QByteArray& field = m_vecFields[column].name;
+    return std::size_t(field.size()) == name.GetStringLength()
+           && std::memcmp(field.constData(), name.GetString(), name.GetStringLength()) == 0;
 }
 
 bool CLmRecordUpsert::Step()

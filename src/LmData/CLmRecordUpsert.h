@@ -3,9 +3,9 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-#include <QVector>
-
 #include <rapidjson/fwd.h>
+
+#include <vector>
 
 class QSqlDatabase;
 struct sqlite3;
@@ -40,13 +40,23 @@ private:
     bool BindField(int column, const rapidjson::Value& value);
     // A key or time sent as a number is the same value as its text.
     bool BindRequired(int column, const rapidjson::Value& value);
-    // The column of a member name, -1 for a name that is no field.
-    int ColumnOf(const rapidjson::Value& name) const;
+    // The column of the record's member at position, -1 for a name that is
+    // no field.
+    int ColumnOf(const rapidjson::Value& name, int position);
+    bool IsField(int column, const rapidjson::Value& name) const;
     bool Step();
 
-    QVector<QByteArray> m_vecFields;
-    QVector<bool> m_vecRequired;
+    struct SField
+    {
+        QByteArray name;
+        bool bRequired;
+    };
+
+    std::vector<SField> m_vecFields;
     // The columns bound for the record at hand.
-    QVector<bool> m_vecBound;
+    std::vector<bool> m_vecBound;
+    // The column found at each member position of the last record, tried
+    // first: the cloud sends every record with its fields in one order.
+    std::vector<int> m_vecColumnAt;
     sqlite3_stmt* m_pStatement = nullptr;
 };
