@@ -87,8 +87,8 @@ int IntOf(const rapidjson::Value* value, int fallback)
 
 // A cloud reply parsed in place: the texts of its records stay in the copy
 // kept here and are bound to the statement without a copy of their own.
-// A reply of 50,000 zones is tens of megabytes, which QJsonDocument takes
-// several times longer to read than storing the records takes.
+// A reply of 50,000 zones is some 29 MB, which QJsonDocument takes about as
+// long to read as SQLite takes to store its records; RapidJSON a fifth.
 class CParsedReply
 {
 public:
@@ -281,6 +281,10 @@ bool CLmNoflyZoneMgr::OpenWorkCopy()
     m_pDataBase = std::make_unique<CLmDataBase>(m_strWorkFilePath);
     // An update rewrites most of the file: a write-ahead log and a cache
     // holding the whole zone table keep that to one pass over the pages.
+    // synchronous = NORMAL keeps the copy whole through a crash or a power
+    // loss: only a copy that does not open is fetched anew, a torn one that
+    // opens would be published. OFF saved about a tenth of an update of
+    // 50,000 zones, within the noise of the measurement.
     if (m_pDataBase->Open() && m_pDataBase->Exec(QStringLiteral("PRAGMA trusted_schema = OFF"))
         && m_pDataBase->Exec(QStringLiteral("PRAGMA cache_size = -65536"))
         && m_pDataBase->Exec(QStringLiteral("PRAGMA journal_mode = WAL"))

@@ -252,8 +252,8 @@ void tst_CLmNoflyZoneMgr::valueStoredAsSent_data()
     QTest::newRow("decimal") << "elevation" << QByteArray("1234.5") << "1234.5";
     QTest::newRow("true") << "enable" << QByteArray("true") << "1";
     QTest::newRow("null") << "notes" << QByteArray("null") << "NULL";
-    QTest::newRow("object") << "area" << QByteArray(R"({"type":"circle","radius":5000})")
-                            << R"('{"type":"circle","radius":5000}')";
+    QTest::newRow("object") << "area" << QByteArray(R"({"type":"polygon", "points":[[47.1,8.5],[47.2,8.6]]})")
+                            << R"('{"type":"polygon","points":[[47.1,8.5],[47.2,8.6]]}')";
     QTest::newRow("numeric key") << "local_id" << QByteArray("77") << "'77'";
 }
 
