@@ -1,5 +1,6 @@
 // Applying a cloud update of 50,000 changed no-fly zones to the local zone
-// database, against the least SQLite itself needs for the same rows: one
+// database, from the reply's bytes as the cloud sends them to the records
+// committed, against the least SQLite itself needs for the same rows: one
 // transaction of plain inserts through the C library, values ready in memory.
 #include "CLmDataBase.h"
 #include "CLmNoflyZoneMgr.h"
@@ -9,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
 
@@ -65,6 +67,13 @@ QJsonArray Zones(const QString& namePrefix, const QString& updatedAt)
     for (int serial = 0; serial < kZones; ++serial)
         zones.append(Zone(serial, namePrefix + QString::number(serial), updatedAt));
     return zones;
+}
+
+// The reply to "/noflyzone/checkupdate" as the cloud writes it.
+QByteArray CheckUpdateReply(const QJsonArray& zones)
+{
+    const QJsonObject reply{{"status", 0}, {"message", "OK"}, {"data", zones}, {"lift_count", 0}};
+    return QJsonDocument(reply).toJson(QJsonDocument::Compact);
 }
 
 // The changed records as the C library takes them: text as UTF-8, numbers as doubles.
@@ -134,14 +143,14 @@ double InsertFloorMs(const QString& path, const std::vector<std::vector<SValue>>
 }
 
 // The work copy holds every zone once; the update changes all of them.
-double ApplyMs(const QString& workFile, const QJsonArray& original, const QJsonArray& changed)
+double ApplyMs(const QString& workFile, const QByteArray& original, const QByteArray& changed)
 {
     CLmNoflyZoneMgr manager(workFile);
-    if (!WriteEmptyZoneDatabase(workFile) || !manager.ApplyZones(original).bOk)
+    if (!WriteEmptyZoneDatabase(workFile) || !manager.ApplyZoneReply(original).result.bOk)
         return -1;
     QElapsedTimer timer;
     timer.start();
-    const CLmNoflyZoneMgr::SApplyResult result = manager.ApplyZones(changed);
+    const CLmNoflyZoneMgr::SApplyResult result = manager.ApplyZoneReply(changed).result;
     const double ms = timer.nsecsElapsed() / 1e6;
     return result.bOk && result.iApplied == kZones ? ms : -1;
 }
@@ -158,14 +167,16 @@ int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
     QTemporaryDir dir;
-    const QJsonArray original = Zones(QStringLiteral("Zone "), QStringLiteral("2025-01-06 08:00:00"));
     const QJsonArray changed = Zones(QStringLiteral("Changed zone "), QStringLiteral("2026-02-01 12:00:00"));
+    const QByteArray originalReply =
+        CheckUpdateReply(Zones(QStringLiteral("Zone "), QStringLiteral("2025-01-06 08:00:00")));
+    const QByteArray changedReply = CheckUpdateReply(changed);
     const std::vector<std::vector<SValue>> plainRows = PlainRows(changed);
 
     std::vector<double> applied;
     std::vector<double> floor;
     for (int round = 0; round < kRounds; ++round) {
-        applied.push_back(ApplyMs(dir.filePath(QStringLiteral("work.db")), original, changed));
+        applied.push_back(ApplyMs(dir.filePath(QStringLiteral("work.db")), originalReply, changedReply));
         floor.push_back(InsertFloorMs(dir.filePath(QStringLiteral("floor.db")), plainRows));
     }
     const double appliedMs = Best(applied);

@@ -1,8 +1,10 @@
 #pragma once
 
-#include <QJsonArray>
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
+
+#include <rapidjson/fwd.h>
 
 #include <memory>
 
@@ -23,6 +25,13 @@ public:
         int iSkipped = 0;  // records that lack a field
     };
 
+    // What applying the cloud's reply of changed zones did.
+    struct SZoneUpdate
+    {
+        SApplyResult result;
+        int iLiftCount = 0;  // the reply's "lift_count": lifts granted to the account
+    };
+
     // The newest "updated_at" of a work copy that holds no zone yet.
     static const QString NoRecordsYet;
 
@@ -41,10 +50,13 @@ public:
     // Replaces the work copy with a downloaded zone database; a file that is
     // not a complete one of the expected shape leaves the work copy as it was.
     bool SaveNoflyFile(const QByteArray& data);
-    // Upserts zone records by "local_id" and lift records by "id", each batch
-    // in one transaction; a record lacking a field is skipped.
-    SApplyResult ApplyZones(const QJsonArray& records);
-    SApplyResult ApplyLifts(const QJsonArray& records);
+    // Upserts the records of a cloud reply, zones by "local_id" from
+    // {"status": 0, "data": [...], "lift_count": n} and lifts by "id" from
+    // {"status": 0, "data": {"lift": [...]}}, each reply in one transaction;
+    // a record lacking a field is skipped. A reply that does not parse or
+    // does not report success changes nothing.
+    SZoneUpdate ApplyZoneReply(const QByteArray& reply);
+    SApplyResult ApplyLiftReply(const QByteArray& reply);
     // Removes the lifts granted to other accounts than userId (all lifts
     // for an empty userId): the published file carries only the lifts of
     // the account signed in.
@@ -62,8 +74,9 @@ public:
 
 private:
     bool OpenWorkCopy();
-    // required: the key first, then the other fields that may not be empty.
-    SApplyResult Apply(const QJsonArray& records, const char* table, const QStringList& fields,
+    // records: the reply's list, null when it has none; required: the key
+    // first, then the other fields that may not be empty.
+    SApplyResult Apply(const rapidjson::Value* records, const char* table, const QStringList& fields,
                        const QStringList& required);
 
     QString m_strWorkFilePath;

@@ -2,55 +2,56 @@
 
 #include "LmNoflyZoneSchema.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSqlDatabase>
 #include <QSqlDriver>
+#include <QVariant>
+
+#include <rapidjson/document.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <cstring>
+
 namespace {
 
-// Records are read out of the JSON a batch at a time, to bound the memory.
-constexpr int kBatchRecords = 4096;
-
-CLmRecordUpsert::SValue Text(const QString& text)
+bool BindText(sqlite3_stmt* statement, int column, const QByteArray& text)
 {
-    return {CLmRecordUpsert::SValue::Text, 0, text.toUtf8()};
+    return sqlite3_bind_text(statement, column + 1, text.constData(), text.size(), SQLITE_TRANSIENT) == SQLITE_OK;
 }
 
-CLmRecordUpsert::SValue ValueOf(const QJsonValue& value)
+// The text stays in the parsed document, which outlives the statement's step.
+bool BindString(sqlite3_stmt* statement, int column, const rapidjson::Value& value)
 {
-    switch (value.type()) {
-    case QJsonValue::Double:
-        return {CLmRecordUpsert::SValue::Number, value.toDouble(), {}};
-    case QJsonValue::Bool:
-        return {CLmRecordUpsert::SValue::Number, value.toBool() ? 1.0 : 0.0, {}};
-    case QJsonValue::String:
-        return Text(value.toString());
-    case QJsonValue::Array:
-    case QJsonValue::Object:
-        return {CLmRecordUpsert::SValue::Text, 0,
-                QJsonDocument::fromVariant(value.toVariant()).toJson(QJsonDocument::Compact)};
-    default:
-        return {};
-    }
+    return sqlite3_bind_text(statement, column + 1, value.GetString(), int(value.GetStringLength()), SQLITE_STATIC)
+           == SQLITE_OK;
 }
 
-// A number sent for a key or time is the same value as its text.
-CLmRecordUpsert::SValue RequiredTextOf(const QJsonValue& value)
+// A nested object or array is kept as its compact JSON text.
+QByteArray CompactJson(const rapidjson::Value& value)
 {
-    return Text(value.isDouble() ? QString::number(value.toDouble(), 'g', 17) : value.toString());
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+    value.Accept(writer);
+    return QByteArray(buffer.GetString(), int(buffer.GetSize()));
+}
+
+QByteArray NumberText(const rapidjson::Value& value)
+{
+    return value.IsInt64() ? QByteArray::number(qint64(value.GetInt64())) : QByteArray::number(value.GetDouble(), 'g', 17);
 }
 
 }  // namespace
 
 CLmRecordUpsert::CLmRecordUpsert(QSqlDatabase& db, const char* table, const QStringList& fields,
                                  const QStringList& required)
-    : m_lstFields(fields)
+    : m_vecBound(fields.size())
+    , m_vecColumnAt(fields.size(), -1)
 {
     for (const QString& field : fields)
-        m_vecRequired.append(required.contains(field));
+        m_vecFields.push_back({field.toUtf8(), required.contains(field)});
     const QByteArray sql =
         LmNoflyZoneSchema::UpsertSql(table, fields, required.first().toLatin1().constData()).toUtf8();
     if (sqlite3* connection = Handle(db))
@@ -62,58 +63,98 @@ CLmRecordUpsert::~CLmRecordUpsert()
     sqlite3_finalize(m_pStatement);
 }
 
-bool CLmRecordUpsert::Write(const QJsonArray& records, int* applied, int* skipped)
+bool CLmRecordUpsert::Write(const rapidjson::Value& records, int* applied, int* skipped)
 {
-    if (!m_pStatement)
+    if (!m_pStatement || !records.IsArray())
         return false;
-    for (int begin = 0; begin < records.size(); begin += kBatchRecords) {
-        const QVector<Record> batch = ReadBatch(records, begin);
-        for (const Record& record : batch) {
-            if (record.isEmpty()) {
-                ++*skipped;
-                continue;
-            }
-            if (!Step(record))
-                return false;
-            ++*applied;
+    for (const rapidjson::Value& record : records.GetArray()) {
+        if (!Bind(record)) {
+            ++*skipped;
+            continue;
         }
+        if (!Step())
+            return false;
+        ++*applied;
     }
     return true;
 }
 
-QVector<CLmRecordUpsert::Record> CLmRecordUpsert::ReadBatch(const QJsonArray& records, int begin) const
+bool CLmRecordUpsert::Bind(const rapidjson::Value& record)
 {
-    QVector<Record> batch;
-    const int end = qMin(records.size(), begin + kBatchRecords);
-    batch.reserve(end - begin);
-    for (int index = begin; index < end; ++index) {
-        const QJsonObject object = records.at(index).toObject();
-        Record record(m_lstFields.size());
-        for (int column = 0; column < m_lstFields.size(); ++column) {
-            const QJsonValue value = object.value(m_lstFields.at(column));
-            record[column] = m_vecRequired.at(column) ? RequiredTextOf(value) : ValueOf(value);
-            const bool missing = value.isUndefined() || (m_vecRequired.at(column) && record.at(column).text.isEmpty());
-            if (missing) {
-                record.clear();
-                break;
-            }
-        }
-        batch.append(record);
+    if (!record.IsObject())
+        return false;
+    std::fill(m_vecBound.begin(), m_vecBound.end(), false);
+    std::size_t bound = 0;
+    int position = 0;
+    for (const auto& member : record.GetObject()) {
+        const int column = ColumnOf(member.name, position++);
+        if (column < 0)
+            continue;
+        if (!BindField(column, member.value))
+            return false;
+        bound += m_vecBound[column] ? 0 : 1;
+        m_vecBound[column] = true;
     }
-    return batch;
+    return bound == m_vecFields.size();
 }
 
-bool CLmRecordUpsert::Step(const Record& record)
+bool CLmRecordUpsert::BindField(int column, const rapidjson::Value& value)
 {
-    for (int column = 0; column < record.size(); ++column) {
-        const SValue& value = record.at(column);
-        if (value.eKind == SValue::Number)
-            sqlite3_bind_double(m_pStatement, column + 1, value.dNumber);
-        else if (value.eKind == SValue::Text)
-            sqlite3_bind_text(m_pStatement, column + 1, value.text.constData(), value.text.size(), SQLITE_STATIC);
-        else
-            sqlite3_bind_null(m_pStatement, column + 1);
+    if (m_vecFields[column].bRequired)
+        return BindRequired(column, value);
+    int result = SQLITE_OK;
+    switch (value.GetType()) {
+    case rapidjson::kNullType:
+        result = sqlite3_bind_null(m_pStatement, column + 1);
+        break;
+    case rapidjson::kFalseType:
+    case rapidjson::kTrueType:
+        result = sqlite3_bind_int(m_pStatement, column + 1, value.GetBool() ? 1 : 0);
+        break;
+    case rapidjson::kNumberType:
+        result = value.IsInt64() ? sqlite3_bind_int64(m_pStatement, column + 1, value.GetInt64())
+                                 : sqlite3_bind_double(m_pStatement, column + 1, value.GetDouble());
+        break;
+    case rapidjson::kStringType:
+        return BindString(m_pStatement, column, value);
+    case rapidjson::kObjectType:
+    case rapidjson::kArrayType:
+        return BindText(m_pStatement, column, CompactJson(value));
     }
+    return result == SQLITE_OK;
+}
+
+bool CLmRecordUpsert::BindRequired(int column, const rapidjson::Value& value)
+{
+    if (value.IsNumber())
+        return BindText(m_pStatement, column, NumberText(value));
+    return value.IsString() && value.GetStringLength() > 0 && BindString(m_pStatement, column, value);
+}
+
+int CLmRecordUpsert::ColumnOf(const rapidjson::Value& name, int position)
+{
+    const bool remembered = std::size_t(position) < m_vecColumnAt.size();
+    if (remembered && m_vecColumnAt[position] >= 0 && IsField(m_vecColumnAt[position], name))
+        return m_vecColumnAt[position];
+    for (std::size_t column = 0; column < m_vecFields.size(); ++column) {
+        if (IsField(int(column), name)) {
+            if (remembered)
+                m_vecColumnAt[position] = int(column);
+            return int(column);
+        }
+    }
+    return -1;
+}
+
+bool CLmRecordUpsert::IsField(int column, const rapidjson::Value& name) const
+{
+    const QByteArray& field = m_vecFields[column].name;
+    return std::size_t(field.size()) == name.GetStringLength()
+           && std::memcmp(field.constData(), name.GetString(), name.GetStringLength()) == 0;
+}
+
+bool CLmRecordUpsert::Step()
+{
     const bool done = sqlite3_step(m_pStatement) == SQLITE_DONE;
     sqlite3_reset(m_pStatement);
     return done;

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QRandomGenerator>
 #include <QSqlQuery>
@@ -26,6 +27,19 @@ QJsonObject ZoneRecord(const QString& localId, const QString& name, const QStrin
     zone.insert(QStringLiteral("updated_at"), updatedAt);
     zone.insert(QStringLiteral("area"), QStringLiteral("{\"type\":\"circle\",\"lat\":47.4,\"lng\":8.5,\"radius\":5000}"));
     return zone;
+}
+
+// The cloud's reply to a check for changed zones.
+QByteArray ZoneReply(const QJsonArray& records, int liftCount = 0)
+{
+    return QJsonDocument(QJsonObject{{"status", 0}, {"message", "OK"}, {"data", records}, {"lift_count", liftCount}})
+        .toJson(QJsonDocument::Compact);
+}
+
+QByteArray LiftReply(const QJsonArray& lifts)
+{
+    return QJsonDocument(QJsonObject{{"status", 0}, {"message", "OK"}, {"data", QJsonObject{{"lift", lifts}}}})
+        .toJson(QJsonDocument::Compact);
 }
 
 QJsonObject Without(QJsonObject record, const QString& field)
@@ -92,6 +106,8 @@ private slots:
     void savedOnlyWhenZoneDatabase();
     void recordsUpserted_data();
     void recordsUpserted();
+    void valueStoredAsSent_data();
+    void valueStoredAsSent();
     void publishedFileReadsBack();
     void tamperedFileRefused_data();
     void tamperedFileRefused();
@@ -133,7 +149,7 @@ void tst_CLmNoflyZoneMgr::savedOnlyWhenZoneDatabase()
     // A work copy from an earlier download, which a refused file must leave alone.
     CLmNoflyZoneMgr manager(WorkFile());
     QVERIFY(manager.SaveNoflyFile(ZoneDatabase(m_dir.path(), {})));
-    QVERIFY(manager.ApplyZones({ZoneRecord("DE-A00009", "Old", "2025-09-09 09:09:09")}).bOk);
+    QVERIFY(manager.ApplyZoneReply(ZoneReply({ZoneRecord("DE-A00009", "Old", "2025-09-09 09:09:09")})).result.bOk);
     manager.CloseDataBase();
     const QByteArray before = ReadAll(WorkFile());
 
@@ -158,7 +174,8 @@ void tst_CLmNoflyZoneMgr::savedOnlyWhenZoneDatabase()
 
 void tst_CLmNoflyZoneMgr::recordsUpserted_data()
 {
-    QTest::addColumn<QJsonArray>("records");
+    QTest::addColumn<QByteArray>("reply");
+    QTest::addColumn<bool>("ok");
     QTest::addColumn<int>("applied");
     QTest::addColumn<int>("skipped");
     QTest::addColumn<int>("zoneRows");
@@ -172,24 +189,37 @@ void tst_CLmNoflyZoneMgr::recordsUpserted_data()
     QJsonObject textKey = numericKey;
     textKey.insert("local_id", "77");
     textKey.insert("name", "Numbered zone renamed");
+    const QString newName = changed["name"].toString();
 
-    QTest::newRow("nothing changed") << QJsonArray{} << 0 << 0 << 1 << "Zurich Airport";
-    QTest::newRow("changed zone replaces its row") << QJsonArray{changed} << 1 << 0 << 1 << changed["name"].toString();
-    QTest::newRow("new zone added") << QJsonArray{b2} << 1 << 0 << 2 << "Zurich Airport";
+    QTest::newRow("nothing changed") << ZoneReply({}) << true << 0 << 0 << 1 << "Zurich Airport";
+    QTest::newRow("changed zone replaces its row") << ZoneReply({changed}) << true << 1 << 0 << 1 << newName;
+    QTest::newRow("new zone added") << ZoneReply({b2}) << true << 1 << 0 << 2 << "Zurich Airport";
     QTest::newRow("record without area skipped")
-        << QJsonArray{Without(b2, "area"), changed} << 1 << 1 << 1 << changed["name"].toString();
+        << ZoneReply({Without(b2, "area"), changed}) << true << 1 << 1 << 1 << newName;
     QTest::newRow("record with empty key skipped")
-        << QJsonArray{ZoneRecord("", "Nameless", "2025-11-02 08:00:00"), b2} << 1 << 1 << 2 << "Zurich Airport";
+        << ZoneReply({ZoneRecord("", "Nameless", "2025-11-02 08:00:00"), b2}) << true << 1 << 1 << 2 << "Zurich Airport";
     QTest::newRow("record without time skipped")
-        << QJsonArray{Without(changed, "updated_at")} << 0 << 1 << 1 << "Zurich Airport";
-    QTest::newRow("record that is no object skipped") << QJsonArray{42, b2} << 1 << 1 << 2 << "Zurich Airport";
+        << ZoneReply({Without(changed, "updated_at")}) << true << 0 << 1 << 1 << "Zurich Airport";
+    QTest::newRow("record that is no object skipped") << ZoneReply({42, b2}) << true << 1 << 1 << 2 << "Zurich Airport";
     QTest::newRow("numeric key is the same key as its text")
-        << QJsonArray{numericKey, textKey} << 2 << 0 << 2 << "Zurich Airport";
+        << ZoneReply({numericKey, textKey}) << true << 2 << 0 << 2 << "Zurich Airport";
+
+    // Replies that change nothing, even where their records came before the fault.
+    QTest::newRow("reply cut short") << ZoneReply({changed, b2}).chopped(40) << false << 0 << 0 << 1 << "Zurich Airport";
+    QTest::newRow("reply refused")
+        << QByteArray(R"({"data":[)" + QJsonDocument(changed).toJson(QJsonDocument::Compact) + R"(],"status":1})")
+        << false << 0 << 0 << 1 << "Zurich Airport";
+    QTest::newRow("status as text") << ZoneReply({changed}).replace("\"status\":0", "\"status\":\"0\"") << false << 0 << 0
+                                    << 1 << "Zurich Airport";
+    QTest::newRow("records not a list")
+        << QByteArray(R"({"status":0,"data":{"local_id":"CH-A00001"}})") << false << 0 << 0 << 1 << "Zurich Airport";
+    QTest::newRow("not json") << QByteArray("<html>busy</html>") << false << 0 << 0 << 1 << "Zurich Airport";
 }
 
 void tst_CLmNoflyZoneMgr::recordsUpserted()
 {
-    QFETCH(QJsonArray, records);
+    QFETCH(QByteArray, reply);
+    QFETCH(bool, ok);
     QFETCH(int, applied);
     QFETCH(int, skipped);
     QFETCH(int, zoneRows);
@@ -197,8 +227,8 @@ void tst_CLmNoflyZoneMgr::recordsUpserted()
 
     CLmNoflyZoneMgr manager(WorkFile());
     QVERIFY(manager.SaveNoflyFile(ZoneDatabase(m_dir.path(), {})));
-    const CLmNoflyZoneMgr::SApplyResult result = manager.ApplyZones(records);
-    QVERIFY(result.bOk);
+    const CLmNoflyZoneMgr::SApplyResult result = manager.ApplyZoneReply(reply).result;
+    QCOMPARE(result.bOk, ok);
     QCOMPARE(result.iApplied, applied);
     QCOMPARE(result.iSkipped, skipped);
     manager.CloseDataBase();
@@ -209,6 +239,56 @@ void tst_CLmNoflyZoneMgr::recordsUpserted()
     QCOMPARE(ZoneName(WorkFile(), "CH-A00001"), nameOfA1);
 }
 
+void tst_CLmNoflyZoneMgr::valueStoredAsSent_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("stored");  // as SQL's quote() shows it
+
+    QTest::newRow("text") << "name" << QByteArray(R"("Zurich")") << "'Zurich'";
+    QTest::newRow("escaped text") << "name" << QByteArray(R"("Z\u00fcrich \"Nord\"")") << QString::fromUtf8("'Zürich \"Nord\"'");
+    QTest::newRow("integer past a double's precision") << "csv_id" << QByteArray("9007199254740993")
+                                                       << "9007199254740993";
+    QTest::newRow("decimal") << "elevation" << QByteArray("1234.5") << "1234.5";
+    QTest::newRow("true") << "enable" << QByteArray("true") << "1";
+    QTest::newRow("null") << "notes" << QByteArray("null") << "NULL";
+    QTest::newRow("object") << "area" << QByteArray(R"({"type":"polygon", "points":[[47.1,8.5],[47.2,8.6]]})")
+                            << R"('{"type":"polygon","points":[[47.1,8.5],[47.2,8.6]]}')";
+    QTest::newRow("numeric key") << "local_id" << QByteArray("77") << "'77'";
+}
+
+void tst_CLmNoflyZoneMgr::valueStoredAsSent()
+{
+    QFETCH(QString, field);
+    QFETCH(QByteArray, json);
+    QFETCH(QString, stored);
+
+    // Every other field holds its own name; the fields come in reverse column order.
+    QByteArrayList members;
+    for (const QString& name : ZoneFields()) {
+        const QByteArray value = name == field ? json : '"' + name.toUtf8() + '"';
+        members.prepend('"' + name.toUtf8() + "\":" + value);
+    }
+    const QByteArray reply = R"({"status":0,"data":[{)" + members.join(',') + "}]}";
+
+    CLmNoflyZoneMgr manager(WorkFile());
+    QVERIFY(manager.SaveNoflyFile(ZoneDatabase(m_dir.path(), {})));
+    QCOMPARE(manager.ApplyZoneReply(reply).result.iApplied, 1);
+    manager.CloseDataBase();
+
+    CLmDataBase db(WorkFile());
+    QVERIFY(db.Open(true));
+    const QString row = field == "local_id" ? "77" : "local_id";
+    for (const QString& name : ZoneFields()) {
+        const QString value = db.SelectValue(QStringLiteral("SELECT quote(\"%1\") FROM no_fly_zone WHERE updated_at = "
+                                                            "'updated_at' AND local_id = ?")
+                                                 .arg(name),
+                                             {row})
+                                  .toString();
+        QCOMPARE(value, name == field ? stored : QStringLiteral("'%1'").arg(name));
+    }
+}
+
 void tst_CLmNoflyZoneMgr::publishedFileReadsBack()
 {
     CLmNoflyZoneMgr manager(WorkFile());
@@ -216,9 +296,9 @@ void tst_CLmNoflyZoneMgr::publishedFileReadsBack()
     QJsonObject lift{{"id", "LIFT-1"}, {"name", "Permit"}, {"user_id", 1}, {"area", "{}"}, {"begin_at", "2025-01-01"},
                      {"expired_at", "2030-01-01"}, {"status", 1}, {"Notes", ""}, {"local_ids", "CH-A00001"},
                      {"explain", ""}};
-    QVERIFY(manager.ApplyLifts({lift}).bOk);
+    QVERIFY(manager.ApplyLiftReply(LiftReply({lift})).bOk);
     lift.insert("status", 0);
-    QCOMPARE(manager.ApplyLifts({lift, Without(lift, "explain")}).iApplied, 1);
+    QCOMPARE(manager.ApplyLiftReply(LiftReply({lift, Without(lift, "explain")})).iApplied, 1);
     QVERIFY(manager.EncryptionNoflyFile(WorkFile(), WorkFile()));
     QVERIFY(LmNoflyCipher::IsEnciphered(WorkFile()));
 

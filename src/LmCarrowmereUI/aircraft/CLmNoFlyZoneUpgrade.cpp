@@ -15,7 +15,6 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QUrl>
 
@@ -221,15 +220,10 @@ void CLmNoFlyZoneUpgrade::slotReplyFinished(const QByteArray& reply)
     // parses it too.
     OnWorker(
         [reply](CLmNoflyZoneMgr& manager) {
-            // "lift_count" sits beside the envelope's keys.
-            const QJsonObject document = QJsonDocument::fromJson(reply).object();
-            const CLmReplyEnvelope envelope = CLmReplyEnvelope::FromObject(document);
+            const CLmNoflyZoneMgr::SZoneUpdate update = manager.ApplyZoneReply(reply);
             SUpdateOutcome outcome;
-            if (!envelope.IsSuccess() || !envelope.Data().isArray())
-                return outcome;
-            const CLmNoflyZoneMgr::SApplyResult applied = manager.ApplyZones(envelope.DataArray());
-            outcome.bApplied = applied.bOk;
-            outcome.iLiftCount = document.value(QStringLiteral("lift_count")).toInt();
+            outcome.bApplied = update.result.bOk;
+            outcome.iLiftCount = update.iLiftCount;
             // The cloud grants this account nothing, so no lift stays.
             if (outcome.bApplied && outcome.iLiftCount == 0)
                 manager.RemoveLiftsExcept(QString());
@@ -267,9 +261,7 @@ void CLmNoFlyZoneUpgrade::slotReplyLiftFinished(const QByteArray& reply)
     const QString userId = GetCurUserInfo().strUserID;
     OnWorker(
         [reply, userId](CLmNoflyZoneMgr& manager) {
-            const CLmReplyEnvelope envelope = CLmReplyEnvelope::Parse(reply);
-            if (envelope.IsSuccess())
-                manager.ApplyLifts(envelope.DataObject().value(QStringLiteral("lift")).toArray());
+            manager.ApplyLiftReply(reply);
             return manager.RemoveLiftsExcept(userId);
         },
         &CLmNoFlyZoneUpgrade::LiftsStored);
