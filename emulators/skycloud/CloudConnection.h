@@ -62,6 +62,7 @@ private:
     bool WaitFor(short events, Clock::time_point until) const;
     Clock::time_point ReadUntil() const;
     void TrackHeaderBytes(const char* data, size_t size);
+    void AcknowledgeAtOnce();
 
     socket_t m_socket;
     Limits m_limits;
