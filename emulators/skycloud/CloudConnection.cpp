@@ -131,9 +131,7 @@ bool CloudConnection::is_writable() const
 ssize_t CloudConnection::read(char* ptr, size_t size)
 {
     if (m_bufferStart == m_bufferEnd) {
-        if (!is_readable())
-            return -1;
-        const ssize_t received = ::recv(m_socket, m_buffer, sizeof m_buffer, 0);
+        const ssize_t received = Receive();
         if (received <= 0) {
             m_failed = true;
             return received;
@@ -154,6 +152,24 @@ ssize_t CloudConnection::read(char* ptr, size_t size)
     return static_cast<ssize_t>(count);
 }
 
+// Takes what the socket holds; only when it holds nothing yet does it wait,
+// within the request's limits, and first acknowledges what came so far. A
+// client whose small writes wait for the acknowledgement of the previous one
+// (Nagle's algorithm, which Qt's HTTP client leaves on) would otherwise stall
+// for the kernel's delayed acknowledgement, up to 40 ms: between a request's
+// header block and its body, and inside a large body whenever the client
+// writes slower than the service reads.
+ssize_t CloudConnection::Receive()
+{
+    if (m_stopping() || Clock::now() >= (m_inHeaders ? m_headerDeadline : m_bodyDeadline))
+        return -1;
+    const ssize_t received = ::recv(m_socket, m_buffer, sizeof m_buffer, MSG_DONTWAIT);
+    if (received >= 0 || (errno != EAGAIN && errno != EWOULDBLOCK))
+        return received;
+    AcknowledgeAtOnce();
+    return is_readable() ? ::recv(m_socket, m_buffer, sizeof m_buffer, 0) : -1;
+}
+
 void CloudConnection::TrackHeaderBytes(const char* data, size_t size)
 {
     // The header block ends at the first empty line ("\r\n", or "\n" alone).
@@ -161,8 +177,6 @@ void CloudConnection::TrackHeaderBytes(const char* data, size_t size)
         if (data[i] == '\n') {
             m_inHeaders = m_lineLength > 0;
             m_lineLength = 0;
-            if (!m_inHeaders)
-                AcknowledgeAtOnce();
         } else if (data[i] != '\r') {
             ++m_lineLength;
         }
@@ -170,11 +184,6 @@ void CloudConnection::TrackHeaderBytes(const char* data, size_t size)
     m_headerBytes += size;
 }
 
-// Clients such as Qt's send a request's header block and its body in two
-// writes. On a kept connection the kernel delays the acknowledgement of the
-// header block (up to 40 ms) and Nagle's algorithm holds the body until that
-// acknowledgement, so every small form would wait; acknowledging as soon as
-// the header block is in lets the body follow at once.
 void CloudConnection::AcknowledgeAtOnce()
 {
     const int on = 1;

@@ -61,8 +61,9 @@ private:
     // stop or error.
     bool WaitFor(short events, Clock::time_point until) const;
     Clock::time_point ReadUntil() const;
-    void TrackHeaderBytes(const char* data, size_t size);
+    ssize_t Receive();
     void AcknowledgeAtOnce();
+    void TrackHeaderBytes(const char* data, size_t size);
 
     socket_t m_socket;
     Limits m_limits;

@@ -3,6 +3,7 @@
 #include "CLmControl.h"
 #include "CLmDownLoadObject.h"
 #include "CLmLogDownloadController.h"
+#include "CLmLogSliceReader.h"
 #include "CLmNetWorkRequest.h"
 #include "CLmReplyEnvelope.h"
 #include "CLmUpLoadObject.h"
@@ -62,13 +63,12 @@ CLmLogUploadController::CLmLogUploadController(CLmLogDownloadController* pDownlo
     : QObject(parent)
     , m_pDownload(pDownload)
 {
-    connect(&m_hashWatcher, &QFutureWatcher<QByteArray>::finished, this,
-            [this] { PostStart(m_hashWatcher.result()); });
 }
 
+// A hash or a slice read still running on a worker holds nothing of this
+// object; its result is dropped with its watcher.
 CLmLogUploadController::~CLmLogUploadController()
 {
-    m_hashWatcher.waitForFinished();
     Q_EMIT uploadcancel();
 }
 
@@ -119,7 +119,10 @@ void CLmLogUploadController::_UploadToCloud(QString strFileName, int nId)
     m_strFilePath = strFileName;
     m_nLogId = nId;
     m_nFileSize = QFileInfo(strFileName).size();
+    m_strAuthorization.clear();
+    m_strSha1Hex.clear();
     Q_EMIT ButtonsEnabled(false);
+    HashFile();
     auto* authorization = LmCloudRequest::AddressSignedIn(new CLmDownLoadObject(this),
                                                           QByteArray(LmCloudPath::FileAuthorization));
     authorization->SetUserData(0, QFileInfo(strFileName).fileName());
@@ -138,6 +141,7 @@ void CLmLogUploadController::slotGetAuthorInfo()
     const CLmReplyEnvelope reply = CLmReplyEnvelope::Parse(m_pAuthorization->GetDownLoadData());
     m_pAuthorization->deleteLater();
     if (reply.Status() == kAuthorizationRefused) {
+        DropTransfers();
         Q_EMIT Message(tr("Information"), reply.Message(), QString());
         Q_EMIT ButtonsEnabled(true);
         return;
@@ -148,22 +152,39 @@ void CLmLogUploadController::slotGetAuthorInfo()
         Fail();
         return;
     }
-    HashFile();
+    StartWhenReady();
 }
 
-// A large log would hold the window while its SHA-1 is computed.
+// A large log would hold the window while its SHA-1 is computed, so it is
+// computed on a worker, while the authorisation is on its way.
 void CLmLogUploadController::HashFile()
 {
-    const QString path = m_strFilePath;
-    m_hashWatcher.setFuture(QtConcurrent::run([path] { return Sha1HexOfFile(path); }));
+    auto* hashing = new QFutureWatcher<QByteArray>(this);
+    connect(this, &CLmLogUploadController::uploadcancel, hashing, &QObject::deleteLater);
+    connect(hashing, &QFutureWatcher<QByteArray>::finished, this, [this, hashing] {
+        hashing->deleteLater();
+        if (hashing != m_pHashing)
+            return;
+        m_pHashing = nullptr;
+        m_strSha1Hex = hashing->result();
+        if (m_strSha1Hex.isEmpty())
+            Fail();
+        else
+            StartWhenReady();
+    });
+    m_pHashing = hashing;
+    hashing->setFuture(QtConcurrent::run([path = m_strFilePath] { return Sha1HexOfFile(path); }));
+}
+
+// The start names the authorisation and the SHA-1: it leaves once both are in.
+void CLmLogUploadController::StartWhenReady()
+{
+    if (!m_strAuthorization.isEmpty() && !m_strSha1Hex.isEmpty())
+        PostStart(m_strSha1Hex);
 }
 
 void CLmLogUploadController::PostStart(const QByteArray& sha1Hex)
 {
-    if (sha1Hex.isEmpty()) {
-        Fail();
-        return;
-    }
     m_strUrl = UploadUrl(GetCurUserInfo().strAccount, QDateTime::currentDateTime(),
                          QFileInfo(m_strFilePath).fileName());
     Q_EMIT StatusText(tr("Is uploading"));
@@ -229,17 +250,25 @@ void CLmLogUploadController::HandleStorageReply(const QByteArray& reply)
 
 void CLmLogUploadController::SendSlice(qint64 offset, qint64 sliceSize)
 {
-    QFile file(m_strFilePath);
-    QByteArray content;
-    if (file.open(QIODevice::ReadOnly) && file.seek(offset))
-        content = file.read(qMin(sliceSize, m_nFileSize - offset));
-    if (content.isEmpty()) {
+    if (!m_pSliceReader || m_pSliceReader->Session() != m_strSession) {
+        delete m_pSliceReader;
+        m_pSliceReader = new CLmLogSliceReader(m_strFilePath, m_nFileSize, m_strSession, this);
+        connect(this, &CLmLogUploadController::uploadcancel, m_pSliceReader, &QObject::deleteLater);
+        connect(m_pSliceReader, &CLmLogSliceReader::SliceReady, this, &CLmLogUploadController::PostSlice);
+    }
+    m_pSliceReader->Request(offset, sliceSize);
+}
+
+void CLmLogUploadController::PostSlice(qint64 offset, const QByteArray& body)
+{
+    if (sender() != m_pSliceReader)
+        return;
+    if (body.isEmpty()) {
         Fail();
         return;
     }
     m_nSliceOffset = offset;
-    PostToStorage(LmLogMultipart::SliceBody(offset, m_strSession, QFileInfo(m_strFilePath).fileName(), content),
-                  &CLmLogUploadController::slotSliceRequest);
+    PostToStorage(body, &CLmLogUploadController::slotSliceRequest);
 }
 
 void CLmLogUploadController::slotUpLoadProcess(qlonglong iCur, qlonglong iTotal)
@@ -308,4 +337,6 @@ void CLmLogUploadController::DropTransfers()
     Q_EMIT uploadcancel();
     m_pUpload = nullptr;
     m_pAuthorization = nullptr;
+    m_pHashing = nullptr;
+    m_pSliceReader = nullptr;
 }

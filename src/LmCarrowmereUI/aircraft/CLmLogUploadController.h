@@ -7,6 +7,7 @@
 
 class CLmDownLoadObject;
 class CLmLogDownloadController;
+class CLmLogSliceReader;
 class CLmUpLoadObject;
 
 // Uploads the downloaded flight logs with a fault report: for each log an
@@ -66,9 +67,11 @@ Q_SIGNALS:
 
 private:
     void HashFile();
+    void StartWhenReady();
     void PostStart(const QByteArray& sha1Hex);
     void HandleStorageReply(const QByteArray& reply);
     void SendSlice(qint64 offset, qint64 sliceSize);
+    void PostSlice(qint64 offset, const QByteArray& body);
     void PostToStorage(const QByteArray& body, void (CLmLogUploadController::*onReply)(QByteArray));
     void SendReport(const QString& accessUrl);
     void FinishAll(const QString& message);
@@ -82,9 +85,12 @@ private:
     qint64 m_nFileSize = 0;
     qint64 m_nSliceOffset = 0;
     QString m_strAuthorization;
+    QByteArray m_strSha1Hex;
     QString m_strSession;
     QByteArray m_strUrl;
     QPointer<CLmDownLoadObject> m_pAuthorization;
+    // Set while the log's SHA-1 is computed.
+    QPointer<QFutureWatcher<QByteArray>> m_pHashing;
+    QPointer<CLmLogSliceReader> m_pSliceReader;
     QPointer<CLmUpLoadObject> m_pUpload;
-    QFutureWatcher<QByteArray> m_hashWatcher;
 };

@@ -8,6 +8,7 @@
 #include "LmLogMultipart.h"
 #include "TestSession.h"
 
+#include <QBuffer>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -151,8 +152,11 @@ void tst_LogUploadWithSkyCloud::PrepareStorage(const QByteArray& log, int sliceB
         QCOMPARE(answer["code"].toInt(-1), 0);
         if (sliceBytes == 0)
             return;
-        body = LmLogMultipart::SliceBody(0, answer["data"]["session"].toString(), QStringLiteral("earlier"),
-                                         log.left(sliceBytes));
+        QBuffer source;
+        source.setData(log);
+        QVERIFY(source.open(QIODevice::ReadOnly));
+        body = LmLogMultipart::SliceBody(0, answer["data"]["session"].toString(), QStringLiteral("earlier"), source,
+                                         sliceBytes);
     }
 }
 
