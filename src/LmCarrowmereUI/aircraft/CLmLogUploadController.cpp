@@ -3,7 +3,7 @@
 #include "CLmControl.h"
 #include "CLmDownLoadObject.h"
 #include "CLmLogDownloadController.h"
-#include "CLmLogSliceReader.h"
+#include "CLmLogSliceSender.h"
 #include "CLmNetWorkRequest.h"
 #include "CLmReplyEnvelope.h"
 #include "CLmUpLoadObject.h"
@@ -65,7 +65,7 @@ CLmLogUploadController::CLmLogUploadController(CLmLogDownloadController* pDownlo
 {
 }
 
-// A hash or a slice read still running on a worker holds nothing of this
+// A hash or a slice still running on a worker holds nothing of this
 // object; its result is dropped with its watcher.
 CLmLogUploadController::~CLmLogUploadController()
 {
@@ -188,23 +188,20 @@ void CLmLogUploadController::PostStart(const QByteArray& sha1Hex)
     m_strUrl = UploadUrl(GetCurUserInfo().strAccount, QDateTime::currentDateTime(),
                          QFileInfo(m_strFilePath).fileName());
     Q_EMIT StatusText(tr("Is uploading"));
-    PostToStorage(LmLogMultipart::StartBody(m_nFileSize, sha1Hex), &CLmLogUploadController::slotStartUpRequest);
+    PostToStorage(LmLogMultipart::StartBody(m_nFileSize, sha1Hex));
 }
 
-void CLmLogUploadController::PostToStorage(const QByteArray& body,
-                                           void (CLmLogUploadController::*onReply)(QByteArray))
+void CLmLogUploadController::PostToStorage(const QByteArray& body)
 {
     auto* upload = new CLmUpLoadObject(this);
     upload->SetUrl(m_strUrl);
-    upload->SetRawHeader(QByteArrayLiteral("Content-Type"), LmLogMultipart::ContentType());
-    upload->SetRawHeader(QByteArrayLiteral("Authorization"), m_strAuthorization.toUtf8());
+    for (const auto& header : StorageHeaders())
+        upload->SetRawHeader(header.first, header.second);
     upload->SetFilePathArray(body);
     connect(this, &CLmLogUploadController::uploadcancel, upload, &QObject::deleteLater);
     connect(upload, &CLmUpLoadObject::UpLoadFinished, upload, &QObject::deleteLater);
     connect(upload, &CLmUpLoadObject::UpLoadNetWorkError, upload, &QObject::deleteLater);
-    connect(upload, &CLmUpLoadObject::UpLoadFinished, this, onReply);
-    if (onReply == &CLmLogUploadController::slotSliceRequest)
-        connect(upload, &CLmUpLoadObject::UpLoadProcess, this, &CLmLogUploadController::slotUpLoadProcess);
+    connect(upload, &CLmUpLoadObject::UpLoadFinished, this, &CLmLogUploadController::slotStartUpRequest);
     connect(upload, &CLmUpLoadObject::UpLoadNetWorkError, this, &CLmLogUploadController::Fail);
     m_pUpload = upload;
     upload->PostNetWorkReplyMessage();
@@ -224,7 +221,7 @@ void CLmLogUploadController::slotSliceRequest(QByteArray reply)
 // slice the storage wants, or the address of the whole file once it holds it.
 void CLmLogUploadController::HandleStorageReply(const QByteArray& reply)
 {
-    if (sender() && sender() != m_pUpload)
+    if (sender() && sender() != m_pUpload && sender() != m_pSliceSender)
         return;
     const QJsonObject answer = QJsonDocument::fromJson(reply).object();
     const QJsonObject data = answer.value(QStringLiteral("data")).toObject();
@@ -248,27 +245,27 @@ void CLmLogUploadController::HandleStorageReply(const QByteArray& reply)
     SendSlice(offset, sliceSize);
 }
 
-void CLmLogUploadController::SendSlice(qint64 offset, qint64 sliceSize)
+QList<QPair<QByteArray, QByteArray>> CLmLogUploadController::StorageHeaders() const
 {
-    if (!m_pSliceReader || m_pSliceReader->Session() != m_strSession) {
-        delete m_pSliceReader;
-        m_pSliceReader = new CLmLogSliceReader(m_strFilePath, m_nFileSize, m_strSession, this);
-        connect(this, &CLmLogUploadController::uploadcancel, m_pSliceReader, &QObject::deleteLater);
-        connect(m_pSliceReader, &CLmLogSliceReader::SliceReady, this, &CLmLogUploadController::PostSlice);
-    }
-    m_pSliceReader->Request(offset, sliceSize);
+    return {{QByteArrayLiteral("Content-Type"), LmLogMultipart::ContentType()},
+            {QByteArrayLiteral("Authorization"), m_strAuthorization.toUtf8()}};
 }
 
-void CLmLogUploadController::PostSlice(qint64 offset, const QByteArray& body)
+void CLmLogUploadController::SendSlice(qint64 offset, qint64 sliceSize)
 {
-    if (sender() != m_pSliceReader)
-        return;
-    if (body.isEmpty()) {
-        Fail();
-        return;
+    if (!m_pSliceSender) {
+        auto* sender = new CLmLogSliceSender(m_strUrl, StorageHeaders(), m_strFilePath, this);
+        connect(this, &CLmLogUploadController::uploadcancel, sender, &QObject::deleteLater);
+        connect(sender, &CLmLogSliceSender::Answered, this, &CLmLogUploadController::slotSliceRequest);
+        connect(sender, &CLmLogSliceSender::Progress, this, &CLmLogUploadController::slotUpLoadProcess);
+        connect(sender, &CLmLogSliceSender::Failed, this, [this, sender] {
+            if (sender == m_pSliceSender)
+                Fail();
+        });
+        m_pSliceSender = sender;
     }
     m_nSliceOffset = offset;
-    PostToStorage(body, &CLmLogUploadController::slotSliceRequest);
+    m_pSliceSender->Send(offset, qMin(sliceSize, m_nFileSize - offset), m_strSession);
 }
 
 void CLmLogUploadController::slotUpLoadProcess(qlonglong iCur, qlonglong iTotal)
@@ -338,5 +335,5 @@ void CLmLogUploadController::DropTransfers()
     m_pUpload = nullptr;
     m_pAuthorization = nullptr;
     m_pHashing = nullptr;
-    m_pSliceReader = nullptr;
+    m_pSliceSender = nullptr;
 }

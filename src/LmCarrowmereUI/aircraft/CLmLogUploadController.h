@@ -7,7 +7,7 @@
 
 class CLmDownLoadObject;
 class CLmLogDownloadController;
-class CLmLogSliceReader;
+class CLmLogSliceSender;
 class CLmUpLoadObject;
 
 // Uploads the downloaded flight logs with a fault report: for each log an
@@ -71,8 +71,9 @@ private:
     void PostStart(const QByteArray& sha1Hex);
     void HandleStorageReply(const QByteArray& reply);
     void SendSlice(qint64 offset, qint64 sliceSize);
-    void PostSlice(qint64 offset, const QByteArray& body);
-    void PostToStorage(const QByteArray& body, void (CLmLogUploadController::*onReply)(QByteArray));
+    QList<QPair<QByteArray, QByteArray>> StorageHeaders() const;
+    // The start of the storage upload; the slices go through the slice sender.
+    void PostToStorage(const QByteArray& body);
     void SendReport(const QString& accessUrl);
     void FinishAll(const QString& message);
     void Fail();
@@ -91,6 +92,6 @@ private:
     QPointer<CLmDownLoadObject> m_pAuthorization;
     // Set while the log's SHA-1 is computed.
     QPointer<QFutureWatcher<QByteArray>> m_pHashing;
-    QPointer<CLmLogSliceReader> m_pSliceReader;
+    QPointer<CLmLogSliceSender> m_pSliceSender;
     QPointer<CLmUpLoadObject> m_pUpload;
 };

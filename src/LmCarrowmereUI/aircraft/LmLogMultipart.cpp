@@ -1,9 +1,5 @@
 #include "LmLogMultipart.h"
 
-#include <QIODevice>
-
-#include <algorithm>
-
 namespace LmLogMultipart {
 
 namespace {
@@ -44,20 +40,17 @@ QByteArray StartBody(qint64 fileSize, const QByteArray& sha1Hex)
            + Closing();
 }
 
-QByteArray SliceBody(qint64 offset, const QString& session, const QString& fileName, QIODevice& source,
-                     qint64 sliceBytes)
+QByteArray SliceHead(qint64 offset, const QString& session, const QString& fileName)
 {
-    const QByteArray head = Field("op", "upload_slice") + Field("offset", QByteArray::number(offset))
-                            + Field("session", session.toUtf8()) + PartStart()
-                            + "Content-Disposition: form-data; name=\"filecontent\"; filename=\""
-                            + QuotedFileName(fileName) + "\"\r\nContent-type:application/octet-stream\r\n\r\n";
-    const QByteArray tail = "\r\n" + Closing();
-    QByteArray body(head.size() + int(sliceBytes) + tail.size(), Qt::Uninitialized);
-    char* const bytes = std::copy(head.cbegin(), head.cend(), body.data());
-    if (sliceBytes <= 0 || source.read(bytes, sliceBytes) != sliceBytes)
-        return {};
-    std::copy(tail.cbegin(), tail.cend(), bytes + sliceBytes);
-    return body;
+    return Field("op", "upload_slice") + Field("offset", QByteArray::number(offset))
+           + Field("session", session.toUtf8()) + PartStart()
+           + "Content-Disposition: form-data; name=\"filecontent\"; filename=\"" + QuotedFileName(fileName)
+           + "\"\r\nContent-type:application/octet-stream\r\n\r\n";
+}
+
+QByteArray SliceTail()
+{
+    return "\r\n" + Closing();
 }
 
 }  // namespace LmLogMultipart
