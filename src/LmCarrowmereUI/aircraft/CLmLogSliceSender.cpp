@@ -6,9 +6,11 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QFutureInterface>
 #include <QFutureWatcher>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QThreadPool>
-#include <QtConcurrent>
 
 #include <curl/curl.h>
 
@@ -31,6 +33,8 @@ struct SLmSliceLink
 
     CURL* pHandle = nullptr;
     std::atomic<bool> bAbandoned{false};
+    // Bytes of the file the run has sent in its earlier slices, and in all.
+    std::atomic<qint64> nRunSent{0};
     std::atomic<qint64> nSent{0};
 };
 
@@ -111,22 +115,26 @@ size_t KeepReply(char* data, size_t size, size_t count, void* reply)
 int WatchTransfer(void* link, curl_off_t, curl_off_t, curl_off_t, curl_off_t sent)
 {
     auto* sliceLink = static_cast<SLmSliceLink*>(link);
-    sliceLink->nSent = qint64(sent);
+    sliceLink->nSent = sliceLink->nRunSent + qint64(sent);
     return sliceLink->bAbandoned ? 1 : 0;
 }
 
 }  // namespace
 
 CLmLogSliceSender::CLmLogSliceSender(const QByteArray& url, const Headers& headers, const QString& path,
-                                     QObject* parent)
+                                     qint64 fileSize, QObject* parent)
     : QObject(parent)
     , m_url(url)
     , m_headers(headers)
     , m_strPath(path)
+    , m_nFileSize(fileSize)
     , m_pLink(std::make_shared<SLmSliceLink>())
 {
     m_progressTimer.setInterval(kProgressIntervalMs);
-    connect(&m_progressTimer, &QTimer::timeout, this, [this] { Q_EMIT Progress(m_pLink->nSent, m_nBodySize); });
+    connect(&m_progressTimer, &QTimer::timeout, this, [this] {
+        if (m_pLink->nSent > 0)
+            Q_EMIT Progress(m_pLink->nSent, m_nFileSize - m_nRunOffset);
+    });
 }
 
 CLmLogSliceSender::~CLmLogSliceSender()
@@ -136,38 +144,71 @@ CLmLogSliceSender::~CLmLogSliceSender()
 
 void CLmLogSliceSender::Send(qint64 offset, qint64 sliceBytes, const QString& session)
 {
-    const QByteArray head = LmLogMultipart::SliceHead(offset, session, QFileInfo(m_strPath).fileName());
-    m_nBodySize = head.size() + sliceBytes + LmLogMultipart::SliceTail().size();
+    m_nRunOffset = offset;
+    m_pLink->nRunSent = 0;
     m_pLink->nSent = 0;
     auto* posting = new QFutureWatcher<SPosted>(this);
-    connect(posting, &QFutureWatcher<SPosted>::finished, this, [this, posting] {
-        posting->deleteLater();
-        m_progressTimer.stop();
-        OnPosted(posting->result());
-    });
-    posting->setFuture(QtConcurrent::run(&SlicePool(), [link = m_pLink, url = m_url, headers = m_headers,
-                                                          path = m_strPath, offset, sliceBytes, head] {
-        return Post(link, url, headers, path, offset, sliceBytes, head);
-    }));
+    connect(posting, &QFutureWatcher<SPosted>::resultReadyAt, this,
+            [this, posting](int index) { OnPosted(posting->resultAt(index)); });
+    connect(posting, &QFutureWatcher<SPosted>::finished, posting, &QObject::deleteLater);
+    QFutureInterface<SPosted> promise;
+    promise.reportStarted();
+    posting->setFuture(promise.future());
+    const SRun run{m_pLink, m_url, m_headers, m_strPath, m_nFileSize, session, offset, sliceBytes};
+    SlicePool().start([promise, run]() mutable { Run(promise, run); });
     m_progressTimer.start();
 }
 
-CLmLogSliceSender::SPosted CLmLogSliceSender::Post(const std::shared_ptr<SLmSliceLink>& link, const QByteArray& url,
-                                                   const Headers& headers, const QString& path, qint64 offset,
-                                                   qint64 sliceBytes, const QByteArray& head)
+// Runs on the worker: each slice's reply is reported as it comes.
+void CLmLogSliceSender::Run(QFutureInterface<SPosted> promise, const SRun& run)
+{
+    qint64 offset = run.nOffset;
+    qint64 sliceBytes = run.nSliceBytes;
+    for (int index = 0;; ++index) {
+        SPosted posted = Post(run, offset, sliceBytes);
+        posted.nEnd = offset + sliceBytes;
+        const qint64 next = run.link->bAbandoned ? 0 : NextSliceAskedFor(posted, run);
+        posted.bWentOn = next > 0;
+        run.link->nRunSent = posted.nEnd - run.nOffset;
+        run.link->nSent = run.link->nRunSent.load();
+        promise.reportResult(posted, index);
+        if (!posted.bWentOn)
+            break;
+        offset = posted.nEnd;
+        sliceBytes = next;
+    }
+    promise.reportFinished();
+}
+
+qint64 CLmLogSliceSender::NextSliceAskedFor(const SPosted& posted, const SRun& run)
+{
+    if (posted.nHttpStatus < 200 || posted.nHttpStatus >= 300 || posted.nEnd >= run.nFileSize)
+        return 0;
+    const QJsonObject answer = QJsonDocument::fromJson(posted.reply).object();
+    const QJsonObject data = answer.value(QStringLiteral("data")).toObject();
+    const qint64 sliceSize = data.value(QStringLiteral("slice_size")).toVariant().toLongLong();
+    const bool asksForNext = answer.value(QStringLiteral("code")).toInt(-1) == 0
+                             && data.value(QStringLiteral("access_url")).toString().isEmpty()
+                             && data.value(QStringLiteral("session")).toString() == run.strSession
+                             && data.value(QStringLiteral("offset")).toVariant().toLongLong() == posted.nEnd;
+    return asksForNext && sliceSize > 0 ? qMin(sliceSize, run.nFileSize - posted.nEnd) : 0;
+}
+
+CLmLogSliceSender::SPosted CLmLogSliceSender::Post(const SRun& run, qint64 offset, qint64 sliceBytes)
 {
     SPosted posted;
-    QFile file(path);
-    if (!link->pHandle || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !file.seek(offset)) {
+    QFile file(run.strPath);
+    if (!run.link->pHandle || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !file.seek(offset)) {
         posted.strError = QStringLiteral("cannot read the log");
         return posted;
     }
-    CSliceBody body(head, file, sliceBytes);
+    CSliceBody body(LmLogMultipart::SliceHead(offset, run.strSession, QFileInfo(run.strPath).fileName()), file,
+                    sliceBytes);
     curl_slist* headerList = curl_slist_append(nullptr, "Expect:");  // the body follows at once
-    for (const auto& header : headers)
+    for (const auto& header : run.headers)
         headerList = curl_slist_append(headerList, QByteArray(header.first + ": " + header.second).constData());
-    CURL* handle = link->pHandle;
-    curl_easy_setopt(handle, CURLOPT_URL, url.constData());
+    CURL* handle = run.link->pHandle;
+    curl_easy_setopt(handle, CURLOPT_URL, run.url.constData());
     curl_easy_setopt(handle, CURLOPT_PROXY, "");  // direct, as every other request of the application
     curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(handle, CURLOPT_HTTPHEADER, headerList);
@@ -179,7 +220,7 @@ CLmLogSliceSender::SPosted CLmLogSliceSender::Post(const std::shared_ptr<SLmSlic
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, &posted.reply);
     curl_easy_setopt(handle, CURLOPT_NOPROGRESS, 0L);
     curl_easy_setopt(handle, CURLOPT_XFERINFOFUNCTION, &WatchTransfer);
-    curl_easy_setopt(handle, CURLOPT_XFERINFODATA, link.get());
+    curl_easy_setopt(handle, CURLOPT_XFERINFODATA, run.link.get());
     // As the application's other transfers: one that moves no byte for this long has failed.
     curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, long(CLmTransferObject::TransferTimeoutMs));
     curl_easy_setopt(handle, CURLOPT_LOW_SPEED_LIMIT, 1L);
@@ -198,11 +239,14 @@ CLmLogSliceSender::SPosted CLmLogSliceSender::Post(const std::shared_ptr<SLmSlic
 void CLmLogSliceSender::OnPosted(const SPosted& posted)
 {
     const bool success = posted.nHttpStatus >= 200 && posted.nHttpStatus < 300;
+    if (!posted.bWentOn)
+        m_progressTimer.stop();
     if (!success && !CLmTransferObject::IsServiceRefusal(posted.nHttpStatus, posted.reply)) {
         qCInfo(lcFlightLog) << "slice failed" << posted.nHttpStatus << posted.strError;
         Q_EMIT Failed();
         return;
     }
-    Q_EMIT Progress(m_nBodySize, m_nBodySize);
-    Q_EMIT Answered(posted.reply);
+    Q_EMIT Progress(posted.nEnd - m_nRunOffset, m_nFileSize - m_nRunOffset);
+    if (!posted.bWentOn)
+        Q_EMIT Answered(posted.reply);
 }

@@ -254,7 +254,7 @@ QList<QPair<QByteArray, QByteArray>> CLmLogUploadController::StorageHeaders() co
 void CLmLogUploadController::SendSlice(qint64 offset, qint64 sliceSize)
 {
     if (!m_pSliceSender) {
-        auto* sender = new CLmLogSliceSender(m_strUrl, StorageHeaders(), m_strFilePath, this);
+        auto* sender = new CLmLogSliceSender(m_strUrl, StorageHeaders(), m_strFilePath, m_nFileSize, this);
         connect(this, &CLmLogUploadController::uploadcancel, sender, &QObject::deleteLater);
         connect(sender, &CLmLogSliceSender::Answered, this, &CLmLogUploadController::slotSliceRequest);
         connect(sender, &CLmLogSliceSender::Progress, this, &CLmLogUploadController::slotUpLoadProcess);

@@ -68,7 +68,8 @@ void tst_LogSliceSender::replyOrFailure()
     CCannedHttpPeer storage(CCannedHttpPeer::Reply(statusLine, body));
 
     CLmLogSliceSender sender(storage.BaseUrl() + "/files/v1/10008291/files/airlog/log.zf",
-                             {{"Content-Type", LmLogMultipart::ContentType()}, {"Authorization", "1:grant"}}, path);
+                             {{"Content-Type", LmLogMultipart::ContentType()}, {"Authorization", "1:grant"}}, path,
+                             kLogSize);
     QSignalSpy replies(&sender, &CLmLogSliceSender::Answered);
     QSignalSpy failures(&sender, &CLmLogSliceSender::Failed);
     sender.Send(kOffset, sliceBytes, QStringLiteral("session-1"));
