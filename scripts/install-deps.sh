@@ -19,6 +19,7 @@ PACKAGES=(
   rapidjson-dev
   libsodium-dev
   qtpositioning5-dev libqt5positioning5
+  libcurl4-openssl-dev
 )
 missing=()
 for p in "${PACKAGES[@]}"; do

@@ -61,6 +61,8 @@ private:
     // stop or error.
     bool WaitFor(short events, Clock::time_point until) const;
     Clock::time_point ReadUntil() const;
+    ssize_t Receive();
+    void AcknowledgeAtOnce();
     void TrackHeaderBytes(const char* data, size_t size);
 
     socket_t m_socket;

@@ -17,15 +17,6 @@ bool IsSha1Hex(const QByteArray& text)
     return pattern.match(QString::fromLatin1(text)).hasMatch();
 }
 
-QByteArray Sha1HexOf(const QString& path)
-{
-    QFile file(path);
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
-        return {};
-    return hash.result().toHex();
-}
-
 }  // namespace
 
 LogStorageStore::LogStorageStore(const QString& dataDir, qint64 sliceSize)
@@ -96,18 +87,38 @@ LogStorageStore::SState LogStorageStore::Append(const QString& session, qint64 o
         return {{}, {}, session, have};
     if (content.isEmpty() || have + content.size() > file->nFileSize)
         return {QStringLiteral("slice does not fit the file"), {}, session, have};
-    if (!part.open(QIODevice::Append) || part.write(content) != content.size())
+    SPartHash* hash = PartHashOf(session, have);
+    if (!hash || !part.open(QIODevice::Append) || part.write(content) != content.size())
         return {QStringLiteral("cannot store the slice"), {}, session, have};
     part.close();
-    if (have + content.size() < file->nFileSize)
-        return {{}, {}, session, have + content.size()};
-    return Complete(session, *file, name);
+    hash->sha1->addData(content);
+    hash->nBytes += content.size();
+    if (hash->nBytes < file->nFileSize)
+        return {{}, {}, session, hash->nBytes};
+    const QByteArray sha1Hex = hash->sha1->result().toHex();
+    m_partHashes.erase(session);
+    return Complete(session, *file, sha1Hex, name);
 }
 
-LogStorageStore::SState LogStorageStore::Complete(const QString& session, const SSession& file, const QString& name)
+// A part written by an earlier run of the service, or whose last write
+// failed half-way, is hashed again from its file, once.
+LogStorageStore::SPartHash* LogStorageStore::PartHashOf(const QString& session, qint64 partSize)
+{
+    auto kept = m_partHashes.find(session);
+    if (kept != m_partHashes.end() && kept->second.nBytes == partSize)
+        return &kept->second;
+    SPartHash hash{std::make_unique<QCryptographicHash>(QCryptographicHash::Sha1), partSize};
+    QFile part(PartPath(session));
+    if (!part.open(QIODevice::ReadOnly) || !hash.sha1->addData(&part) || part.pos() != partSize)
+        return nullptr;
+    return &m_partHashes.insert_or_assign(session, std::move(hash)).first->second;
+}
+
+LogStorageStore::SState LogStorageStore::Complete(const QString& session, const SSession& file,
+                                                  const QByteArray& sha1Hex, const QString& name)
 {
     const QString partPath = PartPath(session);
-    if (Sha1HexOf(partPath) != file.sha1Hex) {
+    if (sha1Hex != file.sha1Hex) {
         QFile::remove(partPath);
         qCInfo(lcSkyCloud) << "stored log discarded: SHA-1 mismatch for" << name;
         return {QStringLiteral("sha mismatch: the upload was discarded"), {}, {}, 0};

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCryptographicHash>
 #include <QDateTime>
 #include <QHash>
 #include <QString>
 
+#include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 
@@ -15,7 +18,8 @@
 // An upload is a session named after the file's SHA-1 and size, so a second
 // start of the same file (after the uploader or the service went away)
 // resumes at the bytes the part already holds. A file whose bytes do not
-// hash to the announced SHA-1 is discarded, never stored.
+// hash to the announced SHA-1 is discarded, never stored; the hash grows
+// with each slice, so completing a file does not read it again.
 //
 // Writes need an authorisation, issued to a signed-in account for a short
 // while; authorisations live in memory only.
@@ -61,14 +65,26 @@ private:
         qint64 nFileSize = 0;
     };
 
+    // The SHA-1 of a part's bytes so far, carried from slice to slice so
+    // that the last slice needs no second pass over the whole file.
+    struct SPartHash
+    {
+        std::unique_ptr<QCryptographicHash> sha1;
+        qint64 nBytes = 0;
+    };
+
     static std::optional<SSession> ParseSession(const QString& session);
+    // The hash of the part's first partSize bytes; null when the part
+    // cannot be read.
+    SPartHash* PartHashOf(const QString& session, qint64 partSize);
     QString PartPath(const QString& session) const;
     QString ShaIndexPath(const QByteArray& sha1Hex) const;
     std::optional<QString> StoredNameOf(const QByteArray& sha1Hex) const;
-    SState Complete(const QString& session, const SSession& file, const QString& name);
+    SState Complete(const QString& session, const SSession& file, const QByteArray& sha1Hex, const QString& name);
 
     QString m_strRoot;
     qint64 m_nSliceSize;
     std::mutex m_mutex;
     QHash<QByteArray, QDateTime> m_authorizations;
+    std::map<QString, SPartHash> m_partHashes;
 };

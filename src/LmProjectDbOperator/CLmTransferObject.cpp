@@ -7,15 +7,6 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
-namespace {
-
-bool IsServiceRefusal(int httpStatus, const QByteArray& body)
-{
-    return httpStatus >= 400 && httpStatus < 500 && QJsonDocument::fromJson(body).isObject();
-}
-
-}  // namespace
-
 CLmTransferObject::CLmTransferObject(EProgressOf progressOf, QObject* parent)
     : QObject(parent)
     , m_eProgressOf(progressOf)
@@ -25,6 +16,11 @@ CLmTransferObject::CLmTransferObject(EProgressOf progressOf, QObject* parent)
 CLmTransferObject::~CLmTransferObject()
 {
     AbandonReply();
+}
+
+bool CLmTransferObject::IsServiceRefusal(int httpStatus, const QByteArray& body)
+{
+    return httpStatus >= 400 && httpStatus < 500 && QJsonDocument::fromJson(body).isObject();
 }
 
 void CLmTransferObject::SetUrl(const QByteArray& url)

@@ -33,6 +33,9 @@ public:
     CLmTransferObject(EProgressOf progressOf, QObject* parent);
     ~CLmTransferObject() override;
 
+    // An HTTP 4xx whose body is a JSON object: the service's refusal.
+    static bool IsServiceRefusal(int httpStatus, const QByteArray& body);
+
     void SetUrl(const QByteArray& url);
     void SetRawHeader(const QByteArray& name, const QByteArray& value);
     // The form body; setting one makes the request a POST.

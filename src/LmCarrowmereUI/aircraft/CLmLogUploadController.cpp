@@ -3,6 +3,7 @@
 #include "CLmControl.h"
 #include "CLmDownLoadObject.h"
 #include "CLmLogDownloadController.h"
+#include "CLmLogSliceSender.h"
 #include "CLmNetWorkRequest.h"
 #include "CLmReplyEnvelope.h"
 #include "CLmUpLoadObject.h"
@@ -62,13 +63,12 @@ CLmLogUploadController::CLmLogUploadController(CLmLogDownloadController* pDownlo
     : QObject(parent)
     , m_pDownload(pDownload)
 {
-    connect(&m_hashWatcher, &QFutureWatcher<QByteArray>::finished, this,
-            [this] { PostStart(m_hashWatcher.result()); });
 }
 
+// A hash or a slice still running on a worker holds nothing of this
+// object; its result is dropped with its watcher.
 CLmLogUploadController::~CLmLogUploadController()
 {
-    m_hashWatcher.waitForFinished();
     Q_EMIT uploadcancel();
 }
 
@@ -119,7 +119,10 @@ void CLmLogUploadController::_UploadToCloud(QString strFileName, int nId)
     m_strFilePath = strFileName;
     m_nLogId = nId;
     m_nFileSize = QFileInfo(strFileName).size();
+    m_strAuthorization.clear();
+    m_strSha1Hex.clear();
     Q_EMIT ButtonsEnabled(false);
+    HashFile();
     auto* authorization = LmCloudRequest::AddressSignedIn(new CLmDownLoadObject(this),
                                                           QByteArray(LmCloudPath::FileAuthorization));
     authorization->SetUserData(0, QFileInfo(strFileName).fileName());
@@ -138,6 +141,7 @@ void CLmLogUploadController::slotGetAuthorInfo()
     const CLmReplyEnvelope reply = CLmReplyEnvelope::Parse(m_pAuthorization->GetDownLoadData());
     m_pAuthorization->deleteLater();
     if (reply.Status() == kAuthorizationRefused) {
+        DropTransfers();
         Q_EMIT Message(tr("Information"), reply.Message(), QString());
         Q_EMIT ButtonsEnabled(true);
         return;
@@ -148,42 +152,56 @@ void CLmLogUploadController::slotGetAuthorInfo()
         Fail();
         return;
     }
-    HashFile();
+    StartWhenReady();
 }
 
-// A large log would hold the window while its SHA-1 is computed.
+// A large log would hold the window while its SHA-1 is computed, so it is
+// computed on a worker, while the authorisation is on its way.
 void CLmLogUploadController::HashFile()
 {
-    const QString path = m_strFilePath;
-    m_hashWatcher.setFuture(QtConcurrent::run([path] { return Sha1HexOfFile(path); }));
+    auto* hashing = new QFutureWatcher<QByteArray>(this);
+    connect(this, &CLmLogUploadController::uploadcancel, hashing, &QObject::deleteLater);
+    connect(hashing, &QFutureWatcher<QByteArray>::finished, this, [this, hashing] {
+        hashing->deleteLater();
+        if (hashing != m_pHashing)
+            return;
+        m_pHashing = nullptr;
+        m_strSha1Hex = hashing->result();
+        if (m_strSha1Hex.isEmpty())
+            Fail();
+        else
+            StartWhenReady();
+    });
+    m_pHashing = hashing;
+    hashing->setFuture(QtConcurrent::run([path = m_strFilePath] { return Sha1HexOfFile(path); }));
+}
+
+// The start names the authorisation and the SHA-1: it leaves once both are in.
+void CLmLogUploadController::StartWhenReady()
+{
+    if (!m_strAuthorization.isEmpty() && !m_strSha1Hex.isEmpty())
+        PostStart(m_strSha1Hex);
 }
 
 void CLmLogUploadController::PostStart(const QByteArray& sha1Hex)
 {
-    if (sha1Hex.isEmpty()) {
-        Fail();
-        return;
-    }
     m_strUrl = UploadUrl(GetCurUserInfo().strAccount, QDateTime::currentDateTime(),
                          QFileInfo(m_strFilePath).fileName());
     Q_EMIT StatusText(tr("Is uploading"));
-    PostToStorage(LmLogMultipart::StartBody(m_nFileSize, sha1Hex), &CLmLogUploadController::slotStartUpRequest);
+    PostToStorage(LmLogMultipart::StartBody(m_nFileSize, sha1Hex));
 }
 
-void CLmLogUploadController::PostToStorage(const QByteArray& body,
-                                           void (CLmLogUploadController::*onReply)(QByteArray))
+void CLmLogUploadController::PostToStorage(const QByteArray& body)
 {
     auto* upload = new CLmUpLoadObject(this);
     upload->SetUrl(m_strUrl);
-    upload->SetRawHeader(QByteArrayLiteral("Content-Type"), LmLogMultipart::ContentType());
-    upload->SetRawHeader(QByteArrayLiteral("Authorization"), m_strAuthorization.toUtf8());
+    for (const auto& header : StorageHeaders())
+        upload->SetRawHeader(header.first, header.second);
     upload->SetFilePathArray(body);
     connect(this, &CLmLogUploadController::uploadcancel, upload, &QObject::deleteLater);
     connect(upload, &CLmUpLoadObject::UpLoadFinished, upload, &QObject::deleteLater);
     connect(upload, &CLmUpLoadObject::UpLoadNetWorkError, upload, &QObject::deleteLater);
-    connect(upload, &CLmUpLoadObject::UpLoadFinished, this, onReply);
-    if (onReply == &CLmLogUploadController::slotSliceRequest)
-        connect(upload, &CLmUpLoadObject::UpLoadProcess, this, &CLmLogUploadController::slotUpLoadProcess);
+    connect(upload, &CLmUpLoadObject::UpLoadFinished, this, &CLmLogUploadController::slotStartUpRequest);
     connect(upload, &CLmUpLoadObject::UpLoadNetWorkError, this, &CLmLogUploadController::Fail);
     m_pUpload = upload;
     upload->PostNetWorkReplyMessage();
@@ -203,7 +221,7 @@ void CLmLogUploadController::slotSliceRequest(QByteArray reply)
 // slice the storage wants, or the address of the whole file once it holds it.
 void CLmLogUploadController::HandleStorageReply(const QByteArray& reply)
 {
-    if (sender() && sender() != m_pUpload)
+    if (sender() && sender() != m_pUpload && sender() != m_pSliceSender)
         return;
     const QJsonObject answer = QJsonDocument::fromJson(reply).object();
     const QJsonObject data = answer.value(QStringLiteral("data")).toObject();
@@ -227,19 +245,27 @@ void CLmLogUploadController::HandleStorageReply(const QByteArray& reply)
     SendSlice(offset, sliceSize);
 }
 
+QList<QPair<QByteArray, QByteArray>> CLmLogUploadController::StorageHeaders() const
+{
+    return {{QByteArrayLiteral("Content-Type"), LmLogMultipart::ContentType()},
+            {QByteArrayLiteral("Authorization"), m_strAuthorization.toUtf8()}};
+}
+
 void CLmLogUploadController::SendSlice(qint64 offset, qint64 sliceSize)
 {
-    QFile file(m_strFilePath);
-    QByteArray content;
-    if (file.open(QIODevice::ReadOnly) && file.seek(offset))
-        content = file.read(qMin(sliceSize, m_nFileSize - offset));
-    if (content.isEmpty()) {
-        Fail();
-        return;
+    if (!m_pSliceSender) {
+        auto* sender = new CLmLogSliceSender(m_strUrl, StorageHeaders(), m_strFilePath, m_nFileSize, this);
+        connect(this, &CLmLogUploadController::uploadcancel, sender, &QObject::deleteLater);
+        connect(sender, &CLmLogSliceSender::Answered, this, &CLmLogUploadController::slotSliceRequest);
+        connect(sender, &CLmLogSliceSender::Progress, this, &CLmLogUploadController::slotUpLoadProcess);
+        connect(sender, &CLmLogSliceSender::Failed, this, [this, sender] {
+            if (sender == m_pSliceSender)
+                Fail();
+        });
+        m_pSliceSender = sender;
     }
     m_nSliceOffset = offset;
-    PostToStorage(LmLogMultipart::SliceBody(offset, m_strSession, QFileInfo(m_strFilePath).fileName(), content),
-                  &CLmLogUploadController::slotSliceRequest);
+    m_pSliceSender->Send(offset, qMin(sliceSize, m_nFileSize - offset), m_strSession);
 }
 
 void CLmLogUploadController::slotUpLoadProcess(qlonglong iCur, qlonglong iTotal)
@@ -308,4 +334,6 @@ void CLmLogUploadController::DropTransfers()
     Q_EMIT uploadcancel();
     m_pUpload = nullptr;
     m_pAuthorization = nullptr;
+    m_pHashing = nullptr;
+    m_pSliceSender = nullptr;
 }

@@ -7,6 +7,7 @@
 
 class CLmDownLoadObject;
 class CLmLogDownloadController;
+class CLmLogSliceSender;
 class CLmUpLoadObject;
 
 // Uploads the downloaded flight logs with a fault report: for each log an
@@ -66,10 +67,13 @@ Q_SIGNALS:
 
 private:
     void HashFile();
+    void StartWhenReady();
     void PostStart(const QByteArray& sha1Hex);
     void HandleStorageReply(const QByteArray& reply);
     void SendSlice(qint64 offset, qint64 sliceSize);
-    void PostToStorage(const QByteArray& body, void (CLmLogUploadController::*onReply)(QByteArray));
+    QList<QPair<QByteArray, QByteArray>> StorageHeaders() const;
+    // The start of the storage upload; the slices go through the slice sender.
+    void PostToStorage(const QByteArray& body);
     void SendReport(const QString& accessUrl);
     void FinishAll(const QString& message);
     void Fail();
@@ -82,9 +86,12 @@ private:
     qint64 m_nFileSize = 0;
     qint64 m_nSliceOffset = 0;
     QString m_strAuthorization;
+    QByteArray m_strSha1Hex;
     QString m_strSession;
     QByteArray m_strUrl;
     QPointer<CLmDownLoadObject> m_pAuthorization;
+    // Set while the log's SHA-1 is computed.
+    QPointer<QFutureWatcher<QByteArray>> m_pHashing;
+    QPointer<CLmLogSliceSender> m_pSliceSender;
     QPointer<CLmUpLoadObject> m_pUpload;
-    QFutureWatcher<QByteArray> m_hashWatcher;
 };

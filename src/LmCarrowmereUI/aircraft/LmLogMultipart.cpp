@@ -40,16 +40,17 @@ QByteArray StartBody(qint64 fileSize, const QByteArray& sha1Hex)
            + Closing();
 }
 
-QByteArray SliceBody(qint64 offset, const QString& session, const QString& fileName, const QByteArray& content)
+QByteArray SliceHead(qint64 offset, const QString& session, const QString& fileName)
 {
-    QByteArray body = Field("op", "upload_slice") + Field("offset", QByteArray::number(offset))
-                      + Field("session", session.toUtf8());
-    body.reserve(body.size() + content.size() + 512);
-    body += PartStart() + "Content-Disposition: form-data; name=\"filecontent\"; filename=\""
-            + QuotedFileName(fileName) + "\"\r\nContent-type:application/octet-stream\r\n\r\n";
-    body += content;
-    body += "\r\n" + Closing();
-    return body;
+    return Field("op", "upload_slice") + Field("offset", QByteArray::number(offset))
+           + Field("session", session.toUtf8()) + PartStart()
+           + "Content-Disposition: form-data; name=\"filecontent\"; filename=\"" + QuotedFileName(fileName)
+           + "\"\r\nContent-type:application/octet-stream\r\n\r\n";
+}
+
+QByteArray SliceTail()
+{
+    return "\r\n" + Closing();
 }
 
 }  // namespace LmLogMultipart

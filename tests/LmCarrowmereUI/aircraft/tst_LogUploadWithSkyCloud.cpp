@@ -28,6 +28,8 @@ private Q_SLOTS:
     void cleanup();
     void slicesReachTheStorage_data();
     void slicesReachTheStorage();
+    void storageKeepsOnlyTheAnnouncedBytes_data();
+    void storageKeepsOnlyTheAnnouncedBytes();
     void serviceGoneDuringSlicesResumesLater();
     void unparsableStorageReplyKeepsTheLog();
     void offlineAsksBeforeSending();
@@ -43,6 +45,10 @@ private:
     // Posts a storage start (and a first slice of sliceBytes when not 0) the
     // way an earlier, interrupted upload would have.
     void PrepareStorage(const QByteArray& log, int sliceBytes);
+    // Posts a multipart body to the storage path of name, under a fresh
+    // authorisation; the storage's answer.
+    QJsonObject PostToStorage(const QByteArray& name, const QByteArray& body);
+    QJsonObject PostSlice(const QByteArray& name, const QString& session, const QByteArray& log, int offset);
 
     CSkyCloudProcess* m_pCloud = nullptr;
     CFakeLogUas* m_pUas = nullptr;
@@ -55,6 +61,11 @@ namespace {
 
 constexpr int kSliceSize = 1048576;
 constexpr quint32 kLogSize = 2500000;  // three slices of the storage
+
+QJsonObject DataOf(const QJsonObject& answer)
+{
+    return answer.value(QStringLiteral("data")).toObject();
+}
 
 }  // namespace
 
@@ -126,34 +137,49 @@ int tst_LogUploadWithSkyCloud::ReportCount() const
     return reports.open(QIODevice::ReadOnly) ? reports.readAll().count('\n') : 0;
 }
 
-void tst_LogUploadWithSkyCloud::PrepareStorage(const QByteArray& log, int sliceBytes)
+QJsonObject tst_LogUploadWithSkyCloud::PostToStorage(const QByteArray& name, const QByteArray& body)
 {
     QNetworkAccessManager network;
     QNetworkRequest authorization(QUrl(QString::fromLatin1(m_pCloud->BaseUrl() + "/file/authorization")));
     authorization.setRawHeader("token", m_token);
     QNetworkReply* reply = network.get(authorization);
-    QVERIFY(QSignalSpy(reply, &QNetworkReply::finished).wait(5000));
+    if (!QSignalSpy(reply, &QNetworkReply::finished).wait(5000))
+        return {};
     const QByteArray grant =
         QJsonDocument::fromJson(reply->readAll())["data"]["Authorization"].toString().toLatin1();
     delete reply;
 
-    const QByteArray sha = QCryptographicHash::hash(log, QCryptographicHash::Sha1).toHex();
-    QNetworkRequest storage(QUrl(QString::fromLatin1(
-        m_pCloud->BaseUrl() + CLmLogUploadController::StoragePath + "earlier_" + QByteArray::number(sliceBytes))));
+    QNetworkRequest storage(
+        QUrl(QString::fromLatin1(m_pCloud->BaseUrl() + CLmLogUploadController::StoragePath + name)));
     storage.setRawHeader("Authorization", grant);
     storage.setRawHeader("Content-Type", LmLogMultipart::ContentType());
-    QByteArray body = LmLogMultipart::StartBody(log.size(), sha);
-    for (int post = 0; post < 2; ++post) {
-        reply = network.post(storage, body);
-        QVERIFY(QSignalSpy(reply, &QNetworkReply::finished).wait(10000));
-        const QJsonObject answer = QJsonDocument::fromJson(reply->readAll()).object();
-        delete reply;
-        QCOMPARE(answer["code"].toInt(-1), 0);
-        if (sliceBytes == 0)
-            return;
-        body = LmLogMultipart::SliceBody(0, answer["data"]["session"].toString(), QStringLiteral("earlier"),
-                                         log.left(sliceBytes));
-    }
+    reply = network.post(storage, body);
+    if (!QSignalSpy(reply, &QNetworkReply::finished).wait(10000))
+        return {};
+    const QJsonObject answer = QJsonDocument::fromJson(reply->readAll()).object();
+    delete reply;
+    return answer;
+}
+
+QJsonObject tst_LogUploadWithSkyCloud::PostSlice(const QByteArray& name, const QString& session,
+                                                 const QByteArray& log, int offset)
+{
+    return PostToStorage(name, LmLogMultipart::SliceHead(offset, session, QString::fromLatin1(name))
+                                   + log.mid(offset, kSliceSize) + LmLogMultipart::SliceTail());
+}
+
+void tst_LogUploadWithSkyCloud::PrepareStorage(const QByteArray& log, int sliceBytes)
+{
+    const QByteArray name = "earlier_" + QByteArray::number(sliceBytes);
+    const QByteArray sha = QCryptographicHash::hash(log, QCryptographicHash::Sha1).toHex();
+    const QJsonObject started = PostToStorage(name, LmLogMultipart::StartBody(log.size(), sha));
+    QCOMPARE(started["code"].toInt(-1), 0);
+    if (sliceBytes == 0)
+        return;
+    const QJsonObject answer =
+        PostToStorage(name, LmLogMultipart::SliceHead(0, started["data"]["session"].toString(), QString::fromLatin1(name))
+                                + log.left(sliceBytes) + LmLogMultipart::SliceTail());
+    QCOMPARE(answer["code"].toInt(-1), 0);
 }
 
 void tst_LogUploadWithSkyCloud::slicesReachTheStorage_data()
@@ -205,6 +231,65 @@ void tst_LogUploadWithSkyCloud::slicesReachTheStorage()
     QCOMPARE(ReportCount(), 1);
     QVERIFY(!QFile::exists(path));
     QVERIFY(m_pDownload->Waiting().isEmpty());
+}
+
+void tst_LogUploadWithSkyCloud::storageKeepsOnlyTheAnnouncedBytes_data()
+{
+    QTest::addColumn<bool>("repeatFirstSlice");
+    QTest::addColumn<bool>("restartAfterFirstSlice");
+    QTest::addColumn<int>("changedByte");  // -1: the bytes sent are the announced ones
+
+    QTest::newRow("slices in order") << false << false << -1;
+    QTest::newRow("first slice sent twice") << true << false << -1;
+    QTest::newRow("service restarted between slices") << false << true << -1;
+    QTest::newRow("a byte changed in the first slice") << false << false << 17;
+    QTest::newRow("a byte changed in the last slice") << false << false << int(kLogSize) - 1;
+}
+
+// The storage's own side of the slices: the announced SHA-1 is checked over
+// the bytes as they come, across repeated slices and restarts of the service.
+void tst_LogUploadWithSkyCloud::storageKeepsOnlyTheAnnouncedBytes()
+{
+    QFETCH(bool, repeatFirstSlice);
+    QFETCH(bool, restartAfterFirstSlice);
+    QFETCH(int, changedByte);
+
+    const QByteArray log = ExpectedLog(kLogSize);
+    const QByteArray startBody =
+        LmLogMultipart::StartBody(log.size(), QCryptographicHash::hash(log, QCryptographicHash::Sha1).toHex());
+    QByteArray sent = log;
+    if (changedByte >= 0)
+        sent[changedByte] = char(sent[changedByte] ^ 0x5a);
+
+    const QByteArray name = "direct.zf";
+    QJsonObject answer = PostToStorage(name, startBody);
+    const QString session = DataOf(answer)["session"].toString();
+    QVERIFY(!session.isEmpty());
+    answer = PostSlice(name, session, sent, 0);
+    if (repeatFirstSlice)
+        answer = PostSlice(name, session, sent, 0);
+    if (restartAfterFirstSlice) {
+        m_pCloud->Stop();
+        QVERIFY(m_pCloud->Start());
+        SignIn();
+        answer = PostToStorage(name, startBody);
+    }
+    QCOMPARE(answer.value("code").toInt(-1), 0);
+    QCOMPARE(DataOf(answer)["offset"].toInt(), kSliceSize);
+    while (answer.value("code").toInt(-1) == 0 && DataOf(answer)["access_url"].toString().isEmpty())
+        answer = PostSlice(name, session, sent, DataOf(answer)["offset"].toInt());
+
+    if (changedByte >= 0) {
+        QVERIFY(answer.value("code").toInt(0) != 0);
+        QVERIFY(StoredLogs().isEmpty());
+        QCOMPARE(DataOf(PostToStorage(name, startBody))["offset"].toInt(-1), 0);
+        return;
+    }
+    QVERIFY(!DataOf(answer)["access_url"].toString().isEmpty());
+    QCOMPARE(StoredLogs(), QStringList{QString::fromLatin1(name)});
+    QFile copy(m_pCloud->DataDir() + QStringLiteral("/storage/airlog/") + QString::fromLatin1(name));
+    QVERIFY(copy.open(QIODevice::ReadOnly));
+    QVERIFY(copy.readAll() == log);
 }
 
 void tst_LogUploadWithSkyCloud::serviceGoneDuringSlicesResumesLater()

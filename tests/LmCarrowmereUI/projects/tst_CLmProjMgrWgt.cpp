@@ -238,17 +238,24 @@ void tst_CLmProjMgrWgt::failedRowDownloadOffersRetry()
     const QString id = CloudIdOf("Harbour Survey");
     m_cloud->Call("/project/remove", "id=" + id.toLatin1(), m_token);
 
+    // Retry asks the cloud again and, failing again, asks again. The second
+    // question may come as soon as the first one closes, so its answer is
+    // ready before the first is pressed.
     QString first;
-    ModalAnswer::PressWhenShown("m_pBtnOk", &first, 10000, "CLmMessageBox", this);
+    QString second;
+    ModalAnswer::RunWhenShown(
+        "CLmMessageBox",
+        [this, &first, &second](QWidget* box) {
+            first = ModalAnswer::VisibleTexts(box);
+            ModalAnswer::PressWhenShown("m_pBtnCancel", &second, 10000, "CLmMessageBox", this);
+            box->findChild<QPushButton*>("m_pBtnOk")->click();
+        },
+        10000, this);
     ClickRowButton(RowNamed("Harbour Survey"), LmProjRowLayout::ButtonDownload);
     QTRY_VERIFY_WITH_TIMEOUT(!first.isEmpty(), 10000);
     QVERIFY2(first.startsWith("Download project file failed.Press cancel to use project on sever,press retry to "
                               "download project again."),
              qPrintable(first));
-
-    // Retry asks the cloud again and, failing again, asks again.
-    QString second;
-    ModalAnswer::PressWhenShown("m_pBtnCancel", &second, 10000, "CLmMessageBox", this);
     QTRY_COMPARE_WITH_TIMEOUT(second, first, 10000);
     QVERIFY(RowNamed("Harbour Survey"));
     // The queue goes on with the other cloud projects; this one ends failed.
