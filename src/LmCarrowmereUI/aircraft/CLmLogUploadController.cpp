@@ -188,6 +188,8 @@ void CLmLogUploadController::PostStart(const QByteArray& sha1Hex)
     m_strUrl = UploadUrl(GetCurUserInfo().strAccount, QDateTime::currentDateTime(),
                          QFileInfo(m_strFilePath).fileName());
     Q_EMIT StatusText(tr("Is uploading"));
+    m_nAskedOffset = -1;
+    m_iOffsetRepeats = 0;
     PostToStorage(LmLogMultipart::StartBody(m_nFileSize, sha1Hex));
 }
 
@@ -239,6 +241,15 @@ void CLmLogUploadController::HandleStorageReply(const QByteArray& reply)
     const qint64 offset = data.value(QStringLiteral("offset")).toVariant().toLongLong();
     const qint64 sliceSize = data.value(QStringLiteral("slice_size")).toVariant().toLongLong();
     if (m_strSession.isEmpty() || sliceSize <= 0 || offset < 0 || offset >= m_nFileSize) {
+        Fail();
+        return;
+    }
+    // A storage that keeps asking for the same slice does not take it: the
+    // upload ends instead of sending it for ever.
+    m_iOffsetRepeats = offset == m_nAskedOffset ? m_iOffsetRepeats + 1 : 0;
+    m_nAskedOffset = offset;
+    if (m_iOffsetRepeats > kMaxOffsetRepeats) {
+        qCInfo(lcFlightLog) << "storage keeps asking for offset" << offset;
         Fail();
         return;
     }

@@ -85,6 +85,10 @@ private:
     int m_nLogId = 0;
     qint64 m_nFileSize = 0;
     qint64 m_nSliceOffset = 0;
+    // The offset the storage asked for last, and how often in a row.
+    qint64 m_nAskedOffset = -1;
+    int m_iOffsetRepeats = 0;
+    static constexpr int kMaxOffsetRepeats = 2;
     QString m_strAuthorization;
     QByteArray m_strSha1Hex;
     QString m_strSession;
