@@ -32,11 +32,12 @@ suppressions=$PWD/scripts/sanitize
 export ASAN_OPTIONS="halt_on_error=1:detect_leaks=1"
 # Mesa's software GL driver (the web engine's under Xvfb) is unloaded before
 # the leak check, taking with it the globals that still reach its blocks;
-# loaded from the start, it stays. It then precedes the sanitizer runtime in
-# the library list, which is harmless for a library that is not instrumented.
+# the tests that run under Xvfb load it from the start (run-isolated.sh), so
+# it stays. It then precedes the sanitizer runtime in the library list, which
+# is harmless for a library that is not instrumented.
 swrast=/usr/lib/x86_64-linux-gnu/dri/swrast_dri.so
 if [[ -f $swrast ]]; then
-  export LD_PRELOAD=$swrast ASAN_OPTIONS="$ASAN_OPTIONS:verify_asan_link_order=0"
+  export SKYCONSOLE_GL_PRELOAD=$swrast ASAN_OPTIONS="$ASAN_OPTIONS:verify_asan_link_order=0"
 fi
 export LSAN_OPTIONS="suppressions=$suppressions/lsan.supp:print_suppressions=0"
 export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1:suppressions=$suppressions/ubsan.supp"

@@ -562,7 +562,10 @@ void TestSkySim::serialLineOverPtyPair()
     const QRegularExpression ptyLine(QStringLiteral("PTY is (\\S+)"));
     QByteArray stderrText;
     QDeadlineTimer deadline(kReplyTimeoutMs);
-    while (ptys.size() < 2 && !deadline.hasExpired() && socat.waitForReadyRead(100)) {
+    // socat names both ends on stderr once it has made them, which a busy
+    // machine may delay: wait for both lines until the deadline.
+    while (ptys.size() < 2 && !deadline.hasExpired()) {
+        socat.waitForReadyRead(100);
         stderrText += socat.readAllStandardError();
         ptys.clear();
         for (auto it = ptyLine.globalMatch(QString::fromUtf8(stderrText)); it.hasNext();)

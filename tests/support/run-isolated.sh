@@ -16,7 +16,10 @@ unset SKYCONSOLE_CONFIG
 export QTWEBENGINE_CHROMIUM_FLAGS="--disable-gpu"
 if [ "$mode" = xvfb ]; then
   export QT_QPA_PLATFORM=xcb
-  xvfb-run -a -s "-screen 0 1400x900x24" "$@"
+  # The sanitizer run names a GL driver to keep loaded (scripts/test.sh);
+  # only the test itself gets it, not the display server.
+  xvfb-run -a -s "-screen 0 1400x900x24" \
+    env ${SKYCONSOLE_GL_PRELOAD:+LD_PRELOAD="$SKYCONSOLE_GL_PRELOAD"} "$@"
   exit $?
 fi
 export QT_QPA_PLATFORM=offscreen
